@@ -1,0 +1,97 @@
+#pragma once
+#include "core/Error.h"
+
+#include <QList>
+#include <QPair>
+#include <QSqlDatabase>
+#include <QSqlQuery>
+#include <QString>
+#include <QVariant>
+
+// Estado de todo el programa sobre la base de datos (se fija en el arranque).
+extern QString rutaBD;            // carpeta de la base de datos, siempre con separador final
+extern QString cadenaConexion;    // fichero que abre la conexión compartida
+extern bool transaccionEnCurso;   // un guardado tiene una transacción abierta: no abrir ni cerrar
+
+namespace BaseDatos {
+
+inline const QString NOMBRE_FICHERO = QStringLiteral("Usuarios.qst");
+inline const QString NOMBRE_CONEXION = QStringLiteral("conexionBD");
+
+QString ficheroBD();                 // rutaBD + "Usuarios.qst"
+void construirCadenaConexion();      // cadenaConexion = ficheroBD()
+
+// La conexión compartida: cerrada en reposo, la abre quien la necesita.
+QSqlDatabase conexionBD();
+bool estaAbierta();
+void abrir();                         // lanza ErrorPrograma si no se puede
+void cerrar();
+
+// Abre una conexión propia (informes, pruebas) con las mismas funciones registradas.
+QSqlDatabase abrirConexion(const QString& nombre, const QString& fichero, bool soloLectura = false);
+void registrarFunciones(QSqlDatabase& db);  // cotejo ES, LIKE, UCASE y UPPER en español
+
+ErrorPrograma errorDe(const QSqlError& e);
+
+}  // namespace BaseDatos
+
+// Abre la conexión compartida si está cerrada, y la cierra al salir del ámbito si la abrió
+// ella y no hay transacción en curso. Se declara antes que las consultas del procedimiento.
+class UsoConexion {
+public:
+    UsoConexion();
+    ~UsoConexion();
+    UsoConexion(const UsoConexion&) = delete;
+    UsoConexion& operator=(const UsoConexion&) = delete;
+
+private:
+    bool m_abrio = false;
+};
+
+// Transacción sobre la conexión compartida (BEGIN IMMEDIATE: dos puestos que guardan a la vez
+// esperan uno al otro en vez de fallar). Si no se confirma, se deshace al salir del ámbito.
+class Transaccion {
+public:
+    explicit Transaccion(bool marcarEnCurso = true);
+    ~Transaccion();
+    void confirmar();
+    void deshacer();
+    bool activa() const { return m_activa; }
+    Transaccion(const Transaccion&) = delete;
+    Transaccion& operator=(const Transaccion&) = delete;
+
+private:
+    bool m_activa = false;
+    bool m_marca = false;
+    UsoConexion m_uso;
+};
+
+// Una consulta con sus valores enlazados ("?" en el texto). Lanza ErrorPrograma si falla.
+class Consulta {
+public:
+    explicit Consulta(const QString& sql, const QVariantList& valores = {});
+    Consulta(QSqlDatabase db, const QString& sql, const QVariantList& valores = {});
+
+    bool siguiente();                     // pasa a la fila siguiente; false al final
+    QVariant valor(const QString& campo) const;
+    QVariant valor(int indice) const;
+    QString texto(const QString& campo) const;  // nulo como texto vacío
+    bool nulo(const QString& campo) const;
+    QSqlQuery& query() { return m_q; }
+
+private:
+    QSqlQuery m_q;
+};
+
+using Campos = QList<QPair<QString, QVariant>>;
+
+void ejecutar(const QString& sql, const QVariantList& valores = {});
+void ejecutar(QSqlDatabase db, const QString& sql, const QVariantList& valores = {});
+QVariant escalar(const QString& sql, const QVariantList& valores = {});
+void insertar(const QString& tabla, const Campos& campos);
+void actualizar(const QString& tabla, const Campos& campos, const QString& donde, const QVariantList& valoresDonde);
+qint64 ultimoIdentificador();         // el "SELECT @@IDENTITY" de la misma conexión
+qint64 siguienteClave(const QString& tabla, const QString& campo);  // MAX + 1, 1 con la tabla vacía
+
+// Texto a guardar: recortado, y nulo si queda vacío.
+QVariant textoONulo(const QString& texto);

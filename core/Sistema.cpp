@@ -1,0 +1,54 @@
+#include "core/Sistema.h"
+
+#include "core/Pantallas.h"
+
+#include <QDesktopServices>
+#include <QDir>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QStandardPaths>
+#include <QUrl>
+
+namespace Sistema {
+
+namespace {
+ElectorCarpeta& elector()
+{
+    static ElectorCarpeta e;
+    return e;
+}
+Abridor& abridor()
+{
+    static Abridor a;
+    return a;
+}
+}  // namespace
+
+void instalarElectorCarpeta(ElectorCarpeta e) { elector() = std::move(e); }
+
+QString elegirCarpeta(const QString& titulo)
+{
+    if (elector())
+        return elector()(titulo);
+    const QString d = QFileDialog::getExistingDirectory(Pantallas::ventanaPrincipal(), titulo, QString(),
+                                                        QFileDialog::ShowDirsOnly);
+    return QDir::toNativeSeparators(d);
+}
+
+void instalarAbridor(Abridor a) { abridor() = std::move(a); }
+
+int abrirDocumento(const QString& ruta)
+{
+    if (abridor())
+        return abridor()(ruta);
+    if (!QFileInfo::exists(ruta))
+        return 2;
+    return QDesktopServices::openUrl(QUrl::fromLocalFile(ruta)) ? 42 : 31;
+}
+
+QString carpetaDocumentos()
+{
+    return QDir::toNativeSeparators(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation));
+}
+
+}  // namespace Sistema

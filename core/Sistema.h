@@ -1,0 +1,22 @@
+#pragma once
+#include <QString>
+#include <functional>
+
+// Lo que el programa pide al sistema: elegir una carpeta, abrir un fichero con su programa
+// asociado, la carpeta de documentos. Las pruebas sustituyen cada cosa por un contestador.
+namespace Sistema {
+
+using ElectorCarpeta = std::function<QString(const QString& titulo)>;
+void instalarElectorCarpeta(ElectorCarpeta e);
+// Carpeta elegida (sin separador final), o "" si el usuario cancela.
+QString elegirCarpeta(const QString& titulo);
+
+// Resultado al estilo de la orden "abrir" del sistema: mayor que 32 si se ha abierto,
+// 2 si el fichero no existe, 31 si no hay programa asociado a su tipo.
+using Abridor = std::function<int(const QString& ruta)>;
+void instalarAbridor(Abridor a);
+int abrirDocumento(const QString& ruta);
+
+QString carpetaDocumentos();
+
+}  // namespace Sistema

@@ -1,0 +1,2 @@
+-- esquema provisional
+CREATE TABLE Config (IVA REAL);
