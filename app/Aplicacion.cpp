@@ -1,28 +1,95 @@
 #include "app/Aplicacion.h"
 
+#include "app/frmInicio.h"
+#include "core/BaseDatos.h"
+#include "core/Iconos.h"
+#include "core/Rutas.h"
+
 #include <QApplication>
+#include <QCryptographicHash>
+#include <QDir>
 #include <QLibraryInfo>
 #include <QLocale>
+#include <QLockFile>
 #include <QTranslator>
+#include <memory>
+
+static void iniciarRecursosNucleo() { Q_INIT_RESOURCE(recursos); }
 
 namespace Aplicacion {
+
+namespace {
+bool finPedido = false;
+std::unique_ptr<QLockFile>& cerrojo()
+{
+    static std::unique_ptr<QLockFile> c;
+    return c;
+}
+}  // namespace
 
 void prepararEntorno()
 {
     QLocale::setDefault(QLocale(QLocale::Spanish, QLocale::Spain));
-    Q_INIT_RESOURCE(recursos);
+    iniciarRecursosNucleo();
     static QTranslator traductorQt;
-    if (traductorQt.load(QLocale(QLocale::Spanish, QLocale::Spain), QStringLiteral("qtbase"), QStringLiteral("_"),
-                         QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
+    if (traductorQt.isEmpty()
+        && traductorQt.load(QLocale(QLocale::Spanish, QLocale::Spain), QStringLiteral("qtbase"), QStringLiteral("_"),
+                            QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
         QCoreApplication::installTranslator(&traductorQt);
+}
+
+bool hayOtraInstancia()
+{
+    if (cerrojo())
+        return false;
+    // El cerrojo va por instalación: dos directorios del programa son dos programas.
+    const QByteArray huella =
+        QCryptographicHash::hash(Rutas::directorioPrograma().toUtf8(), QCryptographicHash::Sha1).toHex().left(16);
+    auto c = std::make_unique<QLockFile>(QDir::temp().filePath(QStringLiteral("planorum-mirvade-") + QString::fromLatin1(huella) + QStringLiteral(".lock")));
+    c->setStaleLockTime(0);
+    if (!c->tryLock(0))
+        return true;
+    cerrojo() = std::move(c);
+    return false;
+}
+
+void liberarInstancia() { cerrojo().reset(); }
+
+void terminar()
+{
+    finPedido = true;
+    BaseDatos::cerrar();
+    QCoreApplication::exit(0);
+}
+
+bool terminado() { return finPedido; }
+
+void reiniciar()
+{
+    finPedido = false;
+    liberarInstancia();
+    rutaBD.clear();
+    cadenaConexion.clear();
+    transaccionEnCurso = false;
 }
 
 int ejecutar(int argc, char* argv[])
 {
     QApplication app(argc, argv);
     QApplication::setApplicationName(QStringLiteral("PLANORUM MIRVADE"));
+    QApplication::setWindowIcon(Iconos::iconoPrograma());
     prepararEntorno();
-    return 0;
+
+    auto* inicio = new frmInicio;
+    inicio->Form_Load();
+    if (terminado()) {
+        delete inicio;
+        liberarInstancia();
+        return 0;
+    }
+    const int codigo = QApplication::exec();
+    liberarInstancia();
+    return codigo;
 }
 
 }  // namespace Aplicacion

@@ -1,14 +1,22 @@
 #pragma once
 // Cabecera principal de las rutinas compartidas del programa.
+#include "core/AyudaFecha.h"
 #include "core/BaseDatos.h"
+#include "core/Documentos.h"
 #include "core/Error.h"
+#include "core/Fechas.h"
+#include "core/Filtros.h"
+#include "core/Formato.h"
 #include "core/Guardia.h"
 #include "core/Ini.h"
+#include "core/Listas.h"
 #include "core/Log.h"
 #include "core/Mensajes.h"
+#include "core/Nif.h"
 #include "core/Pantallas.h"
 #include "core/Rutas.h"
 #include "core/Sistema.h"
+#include "core/frmValidarNIFCIF.h"
 
 class QWidget;
 
