@@ -4,3 +4,4 @@
 bool busquedaDisponible() { return false; }
 bool impresoDisponible(const QString&) { return false; }
 void abrirBusqueda(const QString&, const QString&, const QString&) {}
+void marcarActualizarLista() {}

@@ -6,3 +6,5 @@
 bool busquedaDisponible();
 bool impresoDisponible(const QString& entradaMenu);  // p. ej. "mnu_A1": ¿existe ya su pantalla?
 void abrirBusqueda(const QString& tabla, const QString& tipoImpreso, const QString& titulo);
+// Las pantallas que guardan o imprimen piden que la lista repita su búsqueda al activarse.
+void marcarActualizarLista();
