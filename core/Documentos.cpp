@@ -1,0 +1,24 @@
+#include "core/Documentos.h"
+
+#include "core/Error.h"
+#include "core/Log.h"
+#include "core/Mensajes.h"
+#include "core/Sistema.h"
+
+void cargarPDF(const QString& ruta, QWidget*)
+{
+    const int resultado = Sistema::abrirDocumento(ruta);
+    if (resultado > 32)
+        return;
+    if (resultado == 31) {
+        Mensajes::aviso(QStringLiteral("No tiene ningún programa asociado con los ficheros de tipo '*.pdf'.") + QStringLiteral("\n")
+                        + QStringLiteral("Por favor, instale uno (por ejemplo, Acrobat Reader) e inténtelo de nuevo."));
+    } else if (resultado == 2) {
+        Mensajes::aviso(QStringLiteral("No se ha podido encontrar el documento en la ruta indicada.") + QStringLiteral("\n")
+                        + QStringLiteral("Puede que haya sido borrado o cambiado de ubicación.") + QStringLiteral("\n")
+                        + QStringLiteral("Por favor, compruébelo e inténtelo de nuevo") + QStringLiteral("\n\n")
+                        + QStringLiteral("También puede copiar el documento generado y pegarlo en un ordenador que si tenga instalado un visor de documentos de tipo '*.doc'"));
+    }
+    // Tras cualquier fallo el procedimiento sigue hasta su informe de error, sin número ni descripción.
+    escribirLog(ErrorPrograma(0, QString()), NOMBRE_PROGRAMA, QStringLiteral("modFunciones"), QStringLiteral("cargarPDF"), 0, true);
+}

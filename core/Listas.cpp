@@ -1,0 +1,71 @@
+#include "core/Listas.h"
+
+#include "core/Guardia.h"
+
+#include <QAbstractItemView>
+#include <QComboBox>
+#include <QTreeWidget>
+
+static_assert(ROL_CLAVE_FILA == Qt::UserRole);
+
+void ponerClaveFila(QTreeWidgetItem* fila, const QString& clave) { fila->setData(0, ROL_CLAVE_FILA, clave); }
+
+QString claveFila(const QTreeWidgetItem* fila) { return fila->data(0, ROL_CLAVE_FILA).toString(); }
+
+int getPosicionElementoEnLista(const QAbstractItemModel* modelo, const QString& clave)
+{
+    int posicion = -1;
+    guardia(QStringLiteral("modFunciones"), QStringLiteral("getPosicionElementoEnLista"), [&] {
+        if (!modelo)
+            return;
+        const int filas = modelo->rowCount();
+        for (int i = 0; i < filas; ++i) {
+            const QString k = modelo->index(i, 0).data(ROL_CLAVE_FILA).toString();
+            if (k.compare(clave, Qt::CaseInsensitive) == 0) {
+                posicion = i + 1;
+                return;
+            }
+        }
+    });
+    return posicion;
+}
+
+int getPosicionElementoEnLista(const QAbstractItemView* lista, const QString& clave)
+{
+    return getPosicionElementoEnLista(lista ? lista->model() : nullptr, clave);
+}
+
+int getPosicionElementoEnLista(const QTreeWidget* lista, const QString& clave)
+{
+    return getPosicionElementoEnLista(static_cast<const QAbstractItemView*>(lista), clave);
+}
+
+bool estaEnListview(const QAbstractItemModel* modelo, const QString& clave)
+{
+    return getPosicionElementoEnLista(modelo, clave) > 0;
+}
+
+bool estaEnListview(const QAbstractItemView* lista, const QString& clave)
+{
+    return getPosicionElementoEnLista(lista, clave) > 0;
+}
+
+bool estaEnListview(const QTreeWidget* lista, const QString& clave)
+{
+    return getPosicionElementoEnLista(lista, clave) > 0;
+}
+
+int getListIndex(const QComboBox* combo, const QString& texto)
+{
+    int indice = -1;
+    guardia(QStringLiteral("modFunciones"), QStringLiteral("getListIndex"), [&] {
+        const QString buscado = texto.toUpper();
+        for (int i = 0; i < combo->count(); ++i) {
+            if (combo->itemText(i).toUpper() == buscado) {
+                indice = i;
+                return;
+            }
+        }
+    });
+    return indice;
+}

@@ -1,0 +1,28 @@
+#pragma once
+#include <QString>
+
+class QAbstractItemModel;
+class QAbstractItemView;
+class QComboBox;
+class QTreeWidget;
+class QTreeWidgetItem;
+
+// Clave de cada fila de una lista: "K" + la clave del registro, guardada en la columna 0 con
+// el rol ROL_CLAVE_FILA (Qt::UserRole). El código se recupera quitando el primer carácter.
+constexpr int ROL_CLAVE_FILA = 0x0100;  // Qt::UserRole
+
+void ponerClaveFila(QTreeWidgetItem* fila, const QString& clave);
+QString claveFila(const QTreeWidgetItem* fila);
+
+// ¿Hay una fila cuya clave coincide, sin distinguir mayúsculas?
+bool estaEnListview(const QAbstractItemModel* modelo, const QString& clave);
+bool estaEnListview(const QAbstractItemView* lista, const QString& clave);
+bool estaEnListview(const QTreeWidget* lista, const QString& clave);
+
+// Posición, desde 1, de la primera fila con esa clave; -1 si no hay.
+int getPosicionElementoEnLista(const QAbstractItemModel* modelo, const QString& clave);
+int getPosicionElementoEnLista(const QAbstractItemView* lista, const QString& clave);
+int getPosicionElementoEnLista(const QTreeWidget* lista, const QString& clave);
+
+// Índice, desde 0, del primer elemento igual en mayúsculas ("Leon" encuentra "LEON", no "León"); -1 si no hay.
+int getListIndex(const QComboBox* combo, const QString& texto);
