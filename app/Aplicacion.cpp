@@ -20,6 +20,7 @@ namespace Aplicacion {
 
 namespace {
 bool finPedido = false;
+bool bucleEnMarcha = false;  // sólo se sale del bucle principal si ya corre
 std::unique_ptr<QLockFile>& cerrojo()
 {
     static std::unique_ptr<QLockFile> c;
@@ -38,14 +39,19 @@ void prepararEntorno()
         QCoreApplication::installTranslator(&traductorQt);
 }
 
+QString ficheroCerrojo()
+{
+    // El cerrojo va por instalación: dos directorios del programa son dos programas.
+    const QByteArray huella =
+        QCryptographicHash::hash(Rutas::directorioPrograma().toUtf8(), QCryptographicHash::Sha1).toHex().left(16);
+    return QDir::temp().filePath(QStringLiteral("planorum-mirvade-") + QString::fromLatin1(huella) + QStringLiteral(".lock"));
+}
+
 bool hayOtraInstancia()
 {
     if (cerrojo())
         return false;
-    // El cerrojo va por instalación: dos directorios del programa son dos programas.
-    const QByteArray huella =
-        QCryptographicHash::hash(Rutas::directorioPrograma().toUtf8(), QCryptographicHash::Sha1).toHex().left(16);
-    auto c = std::make_unique<QLockFile>(QDir::temp().filePath(QStringLiteral("planorum-mirvade-") + QString::fromLatin1(huella) + QStringLiteral(".lock")));
+    auto c = std::make_unique<QLockFile>(ficheroCerrojo());
     c->setStaleLockTime(0);
     if (!c->tryLock(0))
         return true;
@@ -59,7 +65,8 @@ void terminar()
 {
     finPedido = true;
     BaseDatos::cerrar();
-    QCoreApplication::exit(0);
+    if (bucleEnMarcha)
+        QCoreApplication::exit(0);
 }
 
 bool terminado() { return finPedido; }
@@ -87,7 +94,9 @@ int ejecutar(int argc, char* argv[])
         liberarInstancia();
         return 0;
     }
+    bucleEnMarcha = true;
     const int codigo = QApplication::exec();
+    bucleEnMarcha = false;
     liberarInstancia();
     return codigo;
 }

@@ -15,6 +15,7 @@ void reiniciar();  // pruebas: vuelve al estado de un programa recién lanzado
 
 // Una sola instancia por instalación: true si otro programa de este directorio ya corre.
 bool hayOtraInstancia();
+QString ficheroCerrojo();  // cerrojo de la instancia de este directorio del programa
 void liberarInstancia();
 
 }  // namespace Aplicacion
