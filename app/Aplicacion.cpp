@@ -4,6 +4,7 @@
 #include "core/BaseDatos.h"
 #include "core/Iconos.h"
 #include "core/Rutas.h"
+#include "reports/modInformes.h"
 
 #include <QApplication>
 #include <QCryptographicHash>
@@ -32,6 +33,7 @@ void prepararEntorno()
 {
     QLocale::setDefault(QLocale(QLocale::Spanish, QLocale::Spain));
     iniciarRecursosNucleo();
+    modInformes::inicializarRecursos();
     static QTranslator traductorQt;
     if (traductorQt.isEmpty()
         && traductorQt.load(QLocale(QLocale::Spanish, QLocale::Spain), QStringLiteral("qtbase"), QStringLiteral("_"),

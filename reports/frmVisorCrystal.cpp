@@ -1,0 +1,157 @@
+#include "reports/frmVisorCrystal.h"
+
+#include "core/Guardia.h"
+#include "core/Sistema.h"
+#include "reports/modInformes.h"
+#include "ui_frmVisorCrystal.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QFileDialog>
+#include <QGraphicsView>
+#include <QScrollBar>
+#include <QPrintDialog>
+#include <QPrintPreviewWidget>
+#include <QPrinter>
+#include <QRegularExpression>
+#include <QStyle>
+
+frmVisorCrystal::frmVisorCrystal(QWidget* padre) : Pantalla(padre), ui(std::make_unique<Ui::frmVisorCrystal>())
+{
+    ui->setupUi(this);
+    setObjectName(QStringLiteral("frmVisorCrystal"));
+    setAttribute(Qt::WA_DeleteOnClose);
+
+    QStyle* s = style();
+    ui->cmd_Primera->setIcon(s->standardIcon(QStyle::SP_MediaSkipBackward));
+    ui->cmd_Anterior->setIcon(s->standardIcon(QStyle::SP_ArrowLeft));
+    ui->cmd_Siguiente->setIcon(s->standardIcon(QStyle::SP_ArrowRight));
+    ui->cmd_Ultima->setIcon(s->standardIcon(QStyle::SP_MediaSkipForward));
+    ui->cmd_GuardarPDF->setIcon(s->standardIcon(QStyle::SP_DialogSaveButton));
+    ui->cmd_GuardarPDF->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+    for (QToolButton* b : {ui->cmd_Primera, ui->cmd_Anterior, ui->cmd_Siguiente, ui->cmd_Ultima})
+        b->setToolButtonStyle(Qt::ToolButtonIconOnly);
+
+    // Form_Load: el visor se enlaza al informe en curso.
+    QApplication::setOverrideCursor(Qt::WaitCursor);
+    m_impresora = std::make_unique<QPrinter>(QPrinter::HighResolution);
+    if (modInformes::Informe)
+        m_impresora->setPageLayout(modInformes::Informe->disenoPagina());
+    m_impresora->setFullPage(true);
+    CRViewer91 = new QPrintPreviewWidget(m_impresora.get(), this);
+    CRViewer91->setObjectName(QStringLiteral("CRViewer91"));
+    ui->lay_Visor->addWidget(CRViewer91);
+    connect(CRViewer91, &QPrintPreviewWidget::paintRequested, this, [](QPrinter* impresora) {
+        guardia(QStringLiteral("frmVisorCrystal"), QStringLiteral("Form_Load"), [&] {
+            if (modInformes::Informe)
+                modInformes::Informe->imprimir(impresora);
+        });
+    });
+    connect(CRViewer91, &QPrintPreviewWidget::previewChanged, this, &frmVisorCrystal::actualizarPagina);
+    CRViewer91->setZoomMode(QPrintPreviewWidget::FitToWidth);
+    // Al desplazarse con la barra cambia la página actual: se repite en la etiqueta.
+    if (auto* vista = CRViewer91->findChild<QGraphicsView*>())
+        connect(vista->verticalScrollBar(), &QScrollBar::valueChanged, this, &frmVisorCrystal::actualizarPagina);
+    CRViewer91->updatePreview();
+    QApplication::restoreOverrideCursor();
+
+    connect(ui->cmd_Acercar, &QToolButton::clicked, CRViewer91, [this] { CRViewer91->zoomIn(); });
+    connect(ui->cmd_Alejar, &QToolButton::clicked, CRViewer91, [this] { CRViewer91->zoomOut(); });
+    connect(ui->cmd_AjustarAncho, &QToolButton::clicked, CRViewer91, &QPrintPreviewWidget::fitToWidth);
+    connect(ui->cmd_Primera, &QToolButton::clicked, this, [this] { irAPagina(1); });
+    connect(ui->cmd_Anterior, &QToolButton::clicked, this, [this] { irAPagina(paginaActual() - 1); });
+    connect(ui->cmd_Siguiente, &QToolButton::clicked, this, [this] { irAPagina(paginaActual() + 1); });
+    connect(ui->cmd_Ultima, &QToolButton::clicked, this, [this] { irAPagina(numeroPaginas()); });
+    connect(ui->cmd_Imprimir, &QToolButton::clicked, this, &frmVisorCrystal::cmd_Imprimir_Click);
+    connect(ui->cmd_GuardarPDF, &QToolButton::clicked, this, &frmVisorCrystal::cmd_GuardarPDF_Click);
+    actualizarPagina();
+}
+
+frmVisorCrystal::~frmVisorCrystal() = default;
+
+frmVisorCrystal* frmVisorCrystal::mostrarInforme(const QString& titulo)
+{
+    auto* v = new frmVisorCrystal();
+    v->setWindowTitle(titulo);
+    Pantallas::mostrar(v);
+    return v;
+}
+
+int frmVisorCrystal::paginaActual() const { return CRViewer91->currentPage(); }
+
+int frmVisorCrystal::numeroPaginas() const { return CRViewer91->pageCount(); }
+
+void frmVisorCrystal::irAPagina(int pagina)
+{
+    const int n = numeroPaginas();
+    if (n <= 0)
+        return;
+    CRViewer91->setCurrentPage(std::clamp(pagina, 1, n));
+    actualizarPagina();
+}
+
+void frmVisorCrystal::actualizarPagina()
+{
+    const int n = std::max(1, numeroPaginas());
+    const int actual = std::clamp(paginaActual(), 1, n);
+    ui->lbl_Pagina->setText(QStringLiteral("Página %1 de %2").arg(actual).arg(n));
+    ui->cmd_Primera->setEnabled(actual > 1);
+    ui->cmd_Anterior->setEnabled(actual > 1);
+    ui->cmd_Siguiente->setEnabled(actual < n);
+    ui->cmd_Ultima->setEnabled(actual < n);
+    const bool hay = modInformes::Informe != nullptr;
+    ui->cmd_Imprimir->setEnabled(hay);
+    ui->cmd_GuardarPDF->setEnabled(hay);
+}
+
+void frmVisorCrystal::cmd_Imprimir_Click()
+{
+    guardia(QStringLiteral("frmVisorCrystal"), QStringLiteral("cmd_Imprimir_Click"), [&] {
+        if (!modInformes::Informe)
+            return;
+        QPrinter impresora(QPrinter::HighResolution);
+        impresora.setPageLayout(modInformes::Informe->disenoPagina());
+        impresora.setFullPage(true);
+        impresora.setDocName(windowTitle());
+        QPrintDialog dialogo(&impresora, this);
+        dialogo.setWindowTitle(QStringLiteral("Imprimir"));
+        dialogo.setMinMax(1, modInformes::Informe->numeroPaginas());
+        dialogo.setOption(QAbstractPrintDialog::PrintPageRange, true);
+        dialogo.setOption(QAbstractPrintDialog::PrintCollateCopies, true);
+        if (dialogo.exec() != QDialog::Accepted)
+            return;
+        QApplication::setOverrideCursor(Qt::WaitCursor);
+        modInformes::Informe->imprimir(&impresora);
+        QApplication::restoreOverrideCursor();
+    });
+}
+
+void frmVisorCrystal::cmd_GuardarPDF_Click()
+{
+    QString nombre = windowTitle().trimmed();
+    nombre.replace(QRegularExpression(QStringLiteral("[\\\\/:*?\"<>|]")), QStringLiteral("_"));
+    if (nombre.isEmpty())
+        nombre = QStringLiteral("Informe");
+    const QString ruta = QFileDialog::getSaveFileName(this, QStringLiteral("Guardar como PDF"),
+                                                      QDir(Sistema::carpetaDocumentos()).filePath(nombre + QStringLiteral(".pdf")),
+                                                      QStringLiteral("Documentos PDF (*.pdf)"));
+    if (!ruta.isEmpty())
+        guardarPDF(ruta.endsWith(QLatin1String(".pdf"), Qt::CaseInsensitive) ? ruta : ruta + QStringLiteral(".pdf"));
+}
+
+bool frmVisorCrystal::guardarPDF(const QString& ruta)
+{
+    return guardia(QStringLiteral("frmVisorCrystal"), QStringLiteral("cmd_GuardarPDF_Click"), [&] {
+        if (!modInformes::Informe)
+            return;
+        QApplication::setOverrideCursor(Qt::WaitCursor);
+        modInformes::Informe->exportarPDF(ruta);
+        QApplication::restoreOverrideCursor();
+    });
+}
+
+bool frmVisorCrystal::alDescargar()
+{
+    modInformes::cerrar();
+    return true;
+}
