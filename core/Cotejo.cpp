@@ -152,6 +152,30 @@ int comparar(std::string_view a, std::string_view b)
     return a.compare(b) < 0 ? -1 : (a.compare(b) > 0 ? 1 : 0);
 }
 
+std::string claveOrden(std::string_view texto)
+{
+    // Pesos primarios (3 bytes), secundarios y terciarios, cada tramo cerrado con ceros, y el texto.
+    std::string primario;
+    primario.reserve(texto.size() * 3 + 3);
+    std::string secundario, terciario;
+    for (size_t i = 0; i < texto.size();) {
+        const Peso p = pesoDe(siguiente(texto, i));
+        const uint32_t w = p.primario + 1;
+        primario += static_cast<char>((w >> 16) & 0xFF);
+        primario += static_cast<char>((w >> 8) & 0xFF);
+        primario += static_cast<char>(w & 0xFF);
+        secundario += static_cast<char>(p.secundario + 1);
+        terciario += static_cast<char>(p.terciario + 1);
+    }
+    primario.append(3, '\0');
+    primario += secundario;
+    primario += '\0';
+    primario += terciario;
+    primario += '\0';
+    primario.append(texto.data(), texto.size());
+    return primario;
+}
+
 int comparar(const QString& a, const QString& b)
 {
     const QByteArray ua = a.toUtf8();

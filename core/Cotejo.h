@@ -1,5 +1,6 @@
 #pragma once
 #include <QString>
+#include <string>
 #include <string_view>
 
 // Comparación española, como la hacía el motor original: sin distinguir mayúsculas en primera
@@ -10,6 +11,8 @@ namespace Cotejo {
 // Compara dos textos UTF-8: negativo, cero o positivo.
 int comparar(std::string_view a, std::string_view b);
 int comparar(const QString& a, const QString& b);
+// Clave binaria de ordenación: dos claves comparadas byte a byte dan el orden de comparar().
+std::string claveOrden(std::string_view texto);
 
 // Texto plegado para búsquedas: minúsculas y sin acentos (la "ñ" se conserva).
 QString plegar(const QString& texto);

@@ -1,7 +1,28 @@
 #include "search/AbrirBusqueda.h"
 
-// Provisional hasta que existan las pantallas de búsqueda: las entradas quedan deshabilitadas.
-bool busquedaDisponible() { return false; }
+#include "core/Pantallas.h"
+#include "search/frmBuscar.h"
+
+bool busquedaDisponible() { return true; }
+
+// Las entradas de impresos se habilitan cuando existan sus pantallas de datos.
 bool impresoDisponible(const QString&) { return false; }
-void abrirBusqueda(const QString&, const QString&, const QString&) {}
-void marcarActualizarLista() {}
+
+void abrirBusqueda(const QString& tabla, const QString& tipoImpreso, const QString& titulo)
+{
+    // La lista se abre siempre de nuevo: la anterior se descarga con lo que mostrara.
+    if (!Pantallas::descargar<frmBuscar>())
+        return;
+    auto* f = new frmBuscar;
+    f->Tabla = tabla;
+    f->TipoImpreso = tipoImpreso;
+    f->setWindowTitle(titulo);
+    f->Form_Load();
+    Pantallas::mostrar(f);
+}
+
+void marcarActualizarLista()
+{
+    if (frmBuscar* f = Pantallas::cargada<frmBuscar>())
+        f->ActualizarLista = true;
+}
