@@ -1,6 +1,8 @@
 #include "search/AperturaFichas.h"
 
 #include "core/Pantallas.h"
+#include "forms/AbrirImpreso.h"
+#include "masterdata/frmProyecto.h"
 #include "masterdata/frmAddModCosteReferencia.h"
 #include "masterdata/frmAparejador.h"
 #include "masterdata/frmArquitecto.h"
@@ -65,5 +67,8 @@ bool abrirFicha(const PeticionFicha& p)
         return abrir<frmCliente>(p, {QStringLiteral("Nuevo cliente"), QStringLiteral("Modificar cliente")});
     if (t == QLatin1String("COSTES"))
         return abrir<frmAddModCosteReferencia>(p, {QStringLiteral("Nuevo coste"), {}});
-    return false;
+    if (t == QLatin1String("PROYECTOS_A"))
+        return abrirFichaProyecto(p);
+    // Las tablas de impresos abren su pantalla de datos (false si aún no existe).
+    return abrirImpreso(p);
 }

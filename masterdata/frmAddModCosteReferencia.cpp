@@ -1,0 +1,175 @@
+#include "masterdata/frmAddModCosteReferencia.h"
+
+#include "core/modFunciones.h"
+#include "masterdata/frmConfiguracion.h"
+#include "ui_frmAddModCosteReferencia.h"
+
+#include <QKeyEvent>
+
+namespace {
+
+// Coeficientes: el "." se escribe como ","; una "," como mucho; lo demás, cifras.
+class FiltroPuntoComa : public QObject {
+public:
+    explicit FiltroPuntoComa(QLineEdit* campo) : QObject(campo), m_campo(campo) { campo->installEventFilter(this); }
+
+protected:
+    bool eventFilter(QObject*, QEvent* e) override
+    {
+        if (e->type() != QEvent::KeyPress || static_cast<QKeyEvent*>(e)->text() != QLatin1String("."))
+            return false;
+        QString resto = m_campo->text();
+        if (m_campo->hasSelectedText())
+            resto.remove(m_campo->selectionStart(), m_campo->selectedText().size());
+        if (!resto.contains(QLatin1Char(',')))
+            m_campo->insert(QStringLiteral(","));
+        return true;
+    }
+
+private:
+    QLineEdit* m_campo;
+};
+
+void prepararCoeficiente(QLineEdit* campo)
+{
+    new FiltroTeclas(campo, [](int tecla, const QString& actual) {
+        if (tecla == ',' && actual.contains(QLatin1Char(',')))
+            return 0;
+        return admitirNumeros(tecla, false, true);
+    });
+    new FiltroPuntoComa(campo);  // se consulta antes que el anterior
+    FichaRegistro::alSalir(campo, [campo] {
+        QString t = campo->text().trimmed();
+        if (t.isEmpty())
+            return;
+        if (t.startsWith(QLatin1Char(',')))
+            t.prepend(QLatin1Char('0'));
+        if (t.endsWith(QLatin1Char(',')))
+            t.chop(1);
+        campo->setText(t);
+    });
+}
+
+QString textoCoeficiente(const QVariant& v)
+{
+    return v.isNull() ? QString() : QString::number(v.toDouble(), 'g', 12).replace(QLatin1Char('.'), QLatin1Char(','));
+}
+
+}  // namespace
+
+frmAddModCosteReferencia::frmAddModCosteReferencia(QWidget* padre)
+    : FichaRegistro(padre), ui(std::make_unique<Ui::frmAddModCosteReferencia>())
+{
+    ui->setupUi(this);
+    conectarBotones();
+}
+
+frmAddModCosteReferencia::~frmAddModCosteReferencia() = default;
+
+QList<QWidget*> frmAddModCosteReferencia::controlesCopia() const
+{
+    return {ui->txt_Codigo, ui->txt_Tipo, ui->txt_Descripcion, ui->txt_Ct, ui->txt_Cc};
+}
+
+void frmAddModCosteReferencia::tomarCopias() { m_copia = instantanea(controlesCopia()); }
+
+bool frmAddModCosteReferencia::hayCambios() const { return difiere(controlesCopia(), m_copia); }
+
+void frmAddModCosteReferencia::cargarDatos()
+{
+    prepararCoeficiente(ui->txt_Ct);
+    prepararCoeficiente(ui->txt_Cc);
+    if (!esModificar())
+        return;
+    UsoConexion uso;
+    Consulta c(QStringLiteral("SELECT * FROM Costes WHERE CODIGO = ?"), {CodigoCoste});
+    if (!c.siguiente())
+        return;
+    ui->txt_Codigo->setText(c.texto(QStringLiteral("CODIGO")));
+    ui->txt_Tipo->setText(c.texto(QStringLiteral("TIPO")));
+    ui->txt_Descripcion->setText(c.texto(QStringLiteral("DESCRIPCION")));
+    ui->txt_Ct->setText(textoCoeficiente(c.valor(QStringLiteral("CT"))));
+    ui->txt_Cc->setText(textoCoeficiente(c.valor(QStringLiteral("CC"))));
+}
+
+bool frmAddModCosteReferencia::validarDatos()
+{
+    const struct {
+        QLineEdit* campo;
+        const char* texto;
+        bool numerico;
+    } reglas[] = {
+        {ui->txt_Codigo, "El código del coste de referencia es obligatorio.", false},
+        {ui->txt_Descripcion, "La descripción del coste de referencia es obligatoria.", false},
+        {ui->txt_Tipo, "El tipo del coste de referencia es obligatorio.", false},
+        {ui->txt_Ct, "El coeficiente Ct es obligatorio.", true},
+        {ui->txt_Cc, "El coeficiente Cc es obligatorio.", true},
+    };
+    for (const auto& r : reglas) {
+        const QString valor = r.campo->text().trimmed();
+        if (valor.isEmpty()) {
+            avisarCampo(r.campo, obligatorio(QString::fromUtf8(r.texto)));
+            return false;
+        }
+        if (r.numerico && !Formato::esNumerico(valor)) {
+            avisarCampo(r.campo, QStringLiteral("Formato numérico no válido.\nPor favor, revise el valor proporcionado"));
+            return false;
+        }
+    }
+    return true;
+}
+
+bool frmAddModCosteReferencia::guardarRegistro()
+{
+    const QString codigo = ui->txt_Codigo->text().trimmed();
+    const bool existe = !escalar(QStringLiteral("SELECT CODIGO FROM Costes WHERE CODIGO = ?"), {codigo}).isNull();
+    const Campos campos = {
+        {QStringLiteral("TIPO"), textoONulo(ui->txt_Tipo->text())},
+        {QStringLiteral("DESCRIPCION"), textoONulo(ui->txt_Descripcion->text())},
+        {QStringLiteral("CT"), Formato::aNumero(ui->txt_Ct->text())},
+        {QStringLiteral("CC"), Formato::aNumero(ui->txt_Cc->text())},
+    };
+    auto* conf = Pantallas::cargada<frmConfiguracion>();
+    const QString tipo = ui->txt_Tipo->text().trimmed();
+    const QString descripcion = ui->txt_Descripcion->text().trimmed();
+    if (esAlta()) {
+        if (existe) {
+            Mensajes::aviso(QStringLiteral("Ya existe un coste de referencia con código ") + codigo
+                            + QStringLiteral(".\nPor favor, cambie el código e inténtelo de nuevo"));
+            return false;
+        }
+        insertar(QStringLiteral("Costes"), Campos{{QStringLiteral("CODIGO"), codigo}} + campos);
+        // La lista de la configuración, cuando es ella quien la abre, recibe la fila sin releer.
+        if (conf && ClaveRetorno.isEmpty())
+            conf->agregarCoste(codigo, tipo, descripcion, campos[2].second, campos[3].second);
+        return true;
+    }
+    if (!existe) {
+        Mensajes::aviso(QStringLiteral("No se ha podido hallar el coste de referencia seleccionado para su modificación"));
+        return false;
+    }
+    actualizar(QStringLiteral("Costes"), campos, QStringLiteral("CODIGO = ?"), {codigo});
+    if (conf)
+        conf->reescribirCosteSeleccionado(codigo, tipo, descripcion, campos[2].second, campos[3].second);
+    return true;
+}
+
+void frmAddModCosteReferencia::devolverAlta()
+{
+    // FRMDATOSIMPRESOA3_USO_1 a _6: el tipo va a txt_Usos_0 a _5 del impreso A3.
+    static const QString prefijo = QStringLiteral("FRMDATOSIMPRESOA3_USO_");
+    if (!ClaveRetorno.startsWith(prefijo))
+        return;
+    bool ok = false;
+    const int n = ClaveRetorno.mid(prefijo.size()).toInt(&ok);
+    if (!ok || n < 1 || n > 6)
+        return;
+    Devolucion::escribir(Devolucion::receptor(QStringLiteral("frmDatosImpreso_A3")), QStringLiteral("txt_Usos_%1").arg(n - 1),
+                         ui->txt_Tipo->text().trimmed());
+}
+
+QString frmAddModCosteReferencia::textoAlta() const { return QStringLiteral("Coste de referencia dado de alta correctamente"); }
+QString frmAddModCosteReferencia::textoModificado() const
+{
+    return QStringLiteral("Datos del coste de referencia modificados correctamente");
+}

@@ -1,0 +1,35 @@
+#pragma once
+#include "masterdata/FichaRegistro.h"
+
+#include <memory>
+
+namespace Ui {
+class frmAddModCosteReferencia;
+}
+
+// Alta y modificación de un coste de referencia del Colegio (tabla Costes).
+class frmAddModCosteReferencia : public FichaRegistro {
+    Q_OBJECT
+public:
+    explicit frmAddModCosteReferencia(QWidget* padre = nullptr);
+    ~frmAddModCosteReferencia() override;
+
+    QString CodigoCoste;  // el código de texto del coste, en "MODIFICAR"
+
+    bool validarDatos() override;
+    bool hayCambios() const override;
+
+protected:
+    void cargarDatos() override;
+    void tomarCopias() override;
+    bool guardarRegistro() override;
+    void devolverAlta() override;
+    QString textoAlta() const override;
+    QString textoModificado() const override;
+
+private:
+    QList<QWidget*> controlesCopia() const;
+
+    std::unique_ptr<Ui::frmAddModCosteReferencia> ui;
+    QStringList m_copia;
+};
