@@ -16,8 +16,9 @@ CMdiBackground::~CMdiBackground() { separar(); }
 
 void CMdiBackground::separar()
 {
-    if (m_Client && m_Client->viewport())
-        m_Client->viewport()->removeEventFilter(this);
+    if (m_viewport)
+        m_viewport->removeEventFilter(this);
+    m_viewport = nullptr;
     m_Client = nullptr;
 }
 
@@ -25,8 +26,10 @@ void CMdiBackground::setClient(QMdiArea* area)
 {
     separar();
     m_Client = area;
-    if (m_Client)
-        m_Client->viewport()->installEventFilter(this);
+    if (m_Client) {
+        m_viewport = m_Client->viewport();
+        m_viewport->installEventFilter(this);
+    }
     repintarSiAutomatico();
 }
 
@@ -112,7 +115,7 @@ void CMdiBackground::Refresh()
 
 bool CMdiBackground::eventFilter(QObject* o, QEvent* e)
 {
-    if (m_Client && o == m_Client->viewport() && e->type() == QEvent::Resize && !m_Client->window()->isMinimized())
+    if (e->type() == QEvent::Resize && m_viewport && o == m_viewport.data() && m_Client && !m_viewport->window()->isMinimized())
         Refresh();
     return QObject::eventFilter(o, e);
 }

@@ -39,6 +39,7 @@ private:
     void repintarSiAutomatico();
 
     QPointer<QMdiArea> m_Client;
+    QPointer<QWidget> m_viewport;  // se vigila aparte: el área puede estar a medio destruir
     QPixmap m_Graphic;
     bool m_AutoRefresh = false;
     QColor m_Color[2];

@@ -53,6 +53,8 @@ frmMenu::frmMenu(QWidget* padre) : QMainWindow(padre), ui(new Ui::frmMenu)
 
 frmMenu::~frmMenu()
 {
+    delete m_fondo;
+    m_fondo = nullptr;
     Pantallas::quitar(this);
     Pantallas::establecerAreaPrincipal(nullptr);
     delete ui;

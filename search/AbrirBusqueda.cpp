@@ -1,12 +1,13 @@
 #include "search/AbrirBusqueda.h"
 
 #include "core/Pantallas.h"
+#include "forms/TablaImpresos.h"
 #include "search/frmBuscar.h"
 
 bool busquedaDisponible() { return true; }
 
-// Las entradas de impresos se habilitan cuando existan sus pantallas de datos.
-bool impresoDisponible(const QString&) { return false; }
+// Las entradas de impresos se habilitan cuando existen sus pantallas de datos.
+bool impresoDisponible(const QString& entrada) { return pantallaImpresoExiste(entrada); }
 
 void abrirBusqueda(const QString& tabla, const QString& tipoImpreso, const QString& titulo)
 {

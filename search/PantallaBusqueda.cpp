@@ -1,5 +1,9 @@
 #include "search/PantallaBusqueda.h"
 
+#include "forms/AbrirImpreso.h"
+#include "forms/TablaImpresos.h"
+#include "search/ExportarListados.h"
+
 #include "core/Iconos.h"
 #include "core/modFunciones.h"
 #include "search/frmAyudaBuscar.h"
@@ -373,7 +377,30 @@ void PantallaBusqueda::lvw_Resultados_ColumnClick(int columna)
     });
 }
 
-void PantallaBusqueda::tlb_BotoneraExportar_ButtonClick(int) {}
+void PantallaBusqueda::tlb_BotoneraExportar_ButtonClick(int boton)
+{
+    if (boton == 4) {
+        // Impreso en blanco: el informe del impreso sobre su tabla temporal vacía.
+        guardia(nombreFormulario(), QStringLiteral("generarImpresoEnBlanco"), [&] {
+            const VarianteImpreso* v = nullptr;
+            TablaImpresos::porLista(Tabla, TipoImpreso, &v);
+            if (!v)
+                return;
+            QApplication::setOverrideCursor(Qt::WaitCursor);
+            establecerEstado(QStringLiteral("Generando la vista preliminar..."));
+            generarImpresoEnBlanco(v->codigoBlanco);
+            establecerEstado(QStringLiteral("Número de registros hallados: ") + QString::number(m_modelo->rowCount()));
+            QApplication::restoreOverrideCursor();
+        });
+        return;
+    }
+    PantallaLlamadora l;
+    l.pantalla = this;
+    l.nombre = nombreFormulario();
+    l.estado = [this](const QString& t) { establecerEstado(t); };
+    l.registros = [this] { return m_modelo->rowCount(); };
+    Exportar::pulsarBotonExportar(l, Tabla, boton);
+}
 
 void PantallaBusqueda::cmd_Ayuda_Click()
 {

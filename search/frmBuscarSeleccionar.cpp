@@ -1,5 +1,7 @@
 #include "search/frmBuscarSeleccionar.h"
 
+#include "search/DevolucionSelector.h"
+
 #include "core/Iconos.h"
 #include "core/modFunciones.h"
 #include "search/AperturaFichas.h"
@@ -87,7 +89,12 @@ void frmBuscarSeleccionar::realizarOperacion()
     });
 }
 
-void frmBuscarSeleccionar::devolverSeleccion() {}
+void frmBuscarSeleccionar::devolverSeleccion()
+{
+    // Tras devolver, el selector se descarga; si la pantalla lo rechaza, se queda abierto.
+    if (devolverSeleccionA(this))
+        Pantallas::descargar(this);
+}
 
 QList<FilaResultado> frmBuscarSeleccionar::filasResultado() const { return modelo()->filas(); }
 

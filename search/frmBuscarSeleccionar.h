@@ -32,7 +32,7 @@ protected:
     QString nombreFormulario() const override { return QStringLiteral("frmBuscarSeleccionar"); }
     bool esSelector() const override { return true; }
     void habilitarOperaciones(bool habilitar) override;
-    // Escribe la fila elegida en la pantalla que llamó y se descarga; por hacer.
+    // Escribe la fila elegida en la pantalla que llamó y se descarga.
     virtual void devolverSeleccion();
 
 private:

@@ -615,7 +615,8 @@ private slots:
         e.conectar();
         llenar();
         QVERIFY(busquedaDisponible());
-        QVERIFY(!impresoDisponible(QStringLiteral("mnu_A1")));
+        QVERIFY(impresoDisponible(QStringLiteral("mnu_A1")));
+        QVERIFY(!impresoDisponible(QStringLiteral("mnu_A2")));  // su pantalla aún no existe
         frmMenu::instancia()->show();
         frmMenu::instancia()->mnu_Clientes_Click();
         QPointer<frmBuscar> primera = Pantallas::cargada<frmBuscar>();
