@@ -1,5 +1,7 @@
 #include "core/Pantallas.h"
 
+#include "core/Mensajes.h"
+
 #include <QCloseEvent>
 #include <QMdiArea>
 #include <QMdiSubWindow>
@@ -89,6 +91,17 @@ void centrar(QWidget* w)
         y += origen.y();
     }
     w->move(qMax(0, x), qMax(0, y));
+}
+
+bool preguntarGuardarAlSalir(bool hayCambios, const std::function<bool()>& guardar)
+{
+    if (!hayCambios)
+        return true;
+    switch (Mensajes::preguntaCancelar(QStringLiteral("¿Desea guardar los cambios antes de salir?"))) {
+    case Mensajes::Respuesta::Si: return guardar();
+    case Mensajes::Respuesta::Cancelar: return false;
+    default: return true;
+    }
 }
 
 }  // namespace Pantallas

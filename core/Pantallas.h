@@ -2,6 +2,7 @@
 #include <QDialog>
 #include <QList>
 #include <QWidget>
+#include <functional>
 
 class QMdiArea;
 
@@ -43,6 +44,12 @@ QWidget* ventanaPrincipal();
 void mostrar(QWidget* w);
 // Centra una pantalla en la principal.
 void centrar(QWidget* w);
+
+// Pregunta común al cerrar una pantalla con cambios: "¿Desea guardar los cambios antes de
+// salir?" con Sí, No y Cancelar. Sí llama a guardar(), que devuelve si la pantalla puede cerrarse
+// (una validación fallida la deja abierta); Cancelar la deja abierta; No la cierra sin guardar.
+// Devuelve si la pantalla se cierra.
+bool preguntarGuardarAlSalir(bool hayCambios, const std::function<bool()>& guardar);
 
 }  // namespace Pantallas
 

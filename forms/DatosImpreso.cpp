@@ -244,26 +244,16 @@ bool DatosImpreso::alDescargar()
 {
     bool cerrar = true;
     guardia(m_pantalla, QStringLiteral("Form_Unload"), [&] {
-        if (!PreguntarGuardarCambios())
-            return;
-        switch (Mensajes::preguntaCancelar(PREGUNTA_SALIR)) {
-        case Mensajes::Respuesta::Si:
-            m_cancelar = false;
-            if (!validarDatos())
-                m_cancelar = true;
+        // Sí guarda la fila de historial sin vista previa ni tabla temporal.
+        cerrar = Pantallas::preguntarGuardarAlSalir(PreguntarGuardarCambios(), [&] {
+            m_cancelar = !validarDatos();
             if (!m_cancelar) {
                 QApplication::setOverrideCursor(Qt::WaitCursor);
                 UsoConexion uso;
                 guardarDatosHistorico();
             }
-            cerrar = !m_cancelar;
-            break;
-        case Mensajes::Respuesta::Cancelar:
-            cerrar = false;
-            break;
-        default:
-            break;
-        }
+            return !m_cancelar;
+        });
     });
     if (!transaccionEnCurso && BaseDatos::estaAbierta())
         BaseDatos::cerrar();

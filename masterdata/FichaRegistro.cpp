@@ -133,21 +133,12 @@ bool FichaRegistro::alDescargar()
         return true;
     bool cerrar = true;
     guardia(objectName(), QStringLiteral("Form_Unload"), [&] {
-        if (!hayCambios())
-            return;
-        switch (Mensajes::preguntaCancelar(QStringLiteral("¿Desea guardar los cambios antes de salir?"))) {
-        case Mensajes::Respuesta::Si:
+        cerrar = Pantallas::preguntarGuardarAlSalir(hayCambios(), [&] {
             m_descargando = true;
             cmd_Guardar_Click();
             m_descargando = false;
-            cerrar = !m_cancelarCierre;
-            break;
-        case Mensajes::Respuesta::Cancelar:
-            cerrar = false;
-            break;
-        default:
-            break;
-        }
+            return !m_cancelarCierre;
+        });
     });
     return cerrar;
 }

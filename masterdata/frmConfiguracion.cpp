@@ -499,19 +499,10 @@ bool frmConfiguracion::alDescargar()
 {
     bool cerrar = true;
     guardia(FORMULARIO, QStringLiteral("Form_Unload"), [&] {
-        if (!PreguntarGuardarCambios())
-            return;
-        switch (Mensajes::preguntaCancelar(QStringLiteral("¿Desea guardar los cambios antes de salir?"))) {
-        case Mensajes::Respuesta::Si:
+        cerrar = Pantallas::preguntarGuardarAlSalir(PreguntarGuardarCambios(), [&] {
             cmd_Guardar_Click();
-            cerrar = !m_cancelarCierre;
-            break;
-        case Mensajes::Respuesta::Cancelar:
-            cerrar = false;
-            break;
-        default:
-            break;
-        }
+            return !m_cancelarCierre;
+        });
     });
     return cerrar;
 }

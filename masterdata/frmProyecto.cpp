@@ -1018,21 +1018,12 @@ bool frmProyecto::alDescargar()
     terminarSalidaPendiente();
     bool cerrar = true;
     guardia(FORMULARIO, QStringLiteral("Form_Unload"), [&] {
-        if (!PreguntarGuardarCambios())
-            return;
-        switch (Mensajes::preguntaCancelar(QStringLiteral("¿Desea guardar los cambios antes de salir?"))) {
-        case Mensajes::Respuesta::Si:
+        cerrar = Pantallas::preguntarGuardarAlSalir(PreguntarGuardarCambios(), [&] {
             m_descargando = true;
             cmd_Guardar_Click();
             m_descargando = false;
-            cerrar = !m_cancelarCierre;
-            break;
-        case Mensajes::Respuesta::Cancelar:
-            cerrar = false;
-            break;
-        default:
-            break;
-        }
+            return !m_cancelarCierre;
+        });
     });
     if (cerrar)
         terminarSalidaPendiente();
