@@ -73,7 +73,7 @@ int posicionEnSelector(const frmBuscarSeleccionar* s, const QString& clave)
 {
     const ModeloResultados* m = s->modelo();
     for (int i = 0; i < m->rowCount(); ++i)
-        if (m->clave(i).compare(clave, Qt::CaseInsensitive) == 0)
+        if ((QStringLiteral("K") + m->clave(i)).compare(clave, Qt::CaseInsensitive) == 0)  // el selector guarda la clave sin la K
             return i;
     return -1;
 }

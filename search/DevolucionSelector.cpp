@@ -14,7 +14,9 @@ namespace {
 
 const QString MASCARA_VACIA = QStringLiteral("__/__/____");
 
-qint64 codigoDe(const FilaResultado& f) { return f.clave.mid(1).toLongLong(); }
+// El selector guarda la clave del registro; la de una fila de lista es "K" y la clave.
+qint64 codigoDe(const FilaResultado& f) { return f.clave.toLongLong(); }
+QString claveFilaDe(const FilaResultado& f) { return QStringLiteral("K") + f.clave; }
 
 bool esFamiliaArquitectos(const QString& tabla)
 {
@@ -33,7 +35,7 @@ QString nombreCompleto(const QString& tabla, const FilaResultado& f)
 
 FilaMarcada marcada(const QString& tabla, const FilaResultado& f)
 {
-    return {f.clave, esFamiliaArquitectos(tabla) ? f.textos.value(0) : QString(), nombreCompleto(tabla, f)};
+    return {claveFilaDe(f), esFamiliaArquitectos(tabla) ? f.textos.value(0) : QString(), nombreCompleto(tabla, f)};
 }
 
 QList<FilaMarcada> marcadas(frmBuscarSeleccionar* s)
@@ -72,14 +74,14 @@ bool personaALista(const QString& lista, const FilaResultado& f, const QString& 
     auto* lvw = r->findChild<QTreeWidget*>(lista);
     if (!lvw)
         return true;
-    if (estaEnListview(lvw, f.clave)) {
+    if (estaEnListview(lvw, claveFilaDe(f))) {
         Mensajes::aviso(rechazo);
         return false;
     }
     QStringList columnas{nombre};
     if (!tipo.isEmpty())
         columnas << tipo;
-    Devolucion::agregarFila(r, lista, f.clave, QStringList{f.clave.mid(1)} + columnas);
+    Devolucion::agregarFila(r, lista, claveFilaDe(f), QStringList{f.clave} + columnas);
     return true;
 }
 
