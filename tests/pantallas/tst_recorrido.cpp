@@ -7,7 +7,9 @@
 #include "masterdata/frmConfiguracion.h"
 #include "masterdata/frmProyecto.h"
 #include "search/AperturaFichas.h"
+#include "masterdata/frmArquitecto.h"
 #include "search/frmBuscarSeleccionar.h"
+#include "search/frmSeleccionarTipoPerceptor.h"
 #include "tests/comun/EntornoPrueba.h"
 
 #include <QLineEdit>
@@ -146,6 +148,65 @@ private slots:
         QCOMPARE(escalar(QStringLiteral("SELECT ARQREG FROM Proyectos_A WHERE PryCod = ?"), {clave}).toInt(), 3);
         QCOMPARE(escalar(QStringLiteral("SELECT Codigo_Representante FROM Proyectos_A WHERE PryCod = ?"), {clave}).toInt(), 1);
         Pantallas::descargar(p);
+    }
+
+    void nuevoDesdeElSelectorDeAutores()
+    {
+        EntornoPrueba e;
+        e.conectar();
+        {
+            UsoConexion uso;
+            ejecutar(QStringLiteral("INSERT INTO Config (IVA, IRPF) VALUES (16, 15)"));
+        }
+        frmMenu::instancia()->show();
+        PeticionFicha nuevo;
+        nuevo.tabla = QStringLiteral("PROYECTOS_A");
+        nuevo.operacion = QStringLiteral("ALTA");
+        QVERIFY(abrirFicha(nuevo));
+        frmProyecto* p = Pantallas::cargada<frmProyecto>();
+        p->img_Buscar_Click(1);
+        frmBuscarSeleccionar* s = Pantallas::cargada<frmBuscarSeleccionar>();
+        QVERIFY(s && s->Tabla == QLatin1String("ARQUITECTOS_AUTORES"));
+        s->cmd_Nuevo_Click();
+        frmArquitecto* a = Pantallas::cargada<frmArquitecto>();
+        QVERIFY(a);
+        QCOMPARE(a->ClaveRetorno, QStringLiteral("FRMPROYECTO_AUTOR"));
+        escribir(a, "txt_NumColegiado", QStringLiteral("4321"));
+        escribir(a, "txt_Nombre", QStringLiteral("Marta"));
+        a->cmd_Guardar_Click();
+        procesarEventos();
+        QCOMPARE(e.textos().last(), QStringLiteral("Arquitecto dado de alta correctamente"));
+        // El selector de autores sigue abierto, con el arquitecto nuevo ya marcado.
+        QCOMPARE(Pantallas::cargada<frmBuscarSeleccionar>(), s);
+        const QList<FilaResultado> filas = s->filasResultado();
+        QCOMPARE(filas.size(), 1);
+        QVERIFY(filas[0].marcada);
+        s->cmd_Seleccionar_Click();
+        QCOMPARE(texto(p, "txt_AutorProyecto"), QStringLiteral("Marta"));
+        Pantallas::descargar(p);
+    }
+
+    void eleccionDelTipoDePerceptor()
+    {
+        EntornoPrueba e;
+        e.conectar();
+        Pantalla receptor;  // hace de frmDatosImpreso_B4_Propio
+        receptor.setObjectName(QStringLiteral("frmDatosImpreso_B4_Propio"));
+        auto* tipo = new QLineEdit(&receptor);
+        tipo->setObjectName(QStringLiteral("txt_TipoPerceptor"));
+        frmSeleccionarTipoPerceptor* t = frmSeleccionarTipoPerceptor::abrir();
+        t->findChild<QRadioButton*>(QStringLiteral("opt_Perceptor_2"))->setChecked(true);
+        t->cmd_Seleccionar_Click();
+        procesarEventos();
+        QVERIFY(!Pantallas::cargada<frmSeleccionarTipoPerceptor>());
+        QCOMPARE(tipo->text(), QStringLiteral("CO"));
+        frmBuscarSeleccionar* s = Pantallas::cargada<frmBuscarSeleccionar>();
+        QVERIFY(s);
+        QCOMPARE(s->Tabla, QStringLiteral("CONTRATISTAS"));
+        QCOMPARE(s->tag(), QStringLiteral("SELECCIONAR_EN_IMPRESO_B4_PROPIO"));
+        QCOMPARE(s->ClaveRetorno, QStringLiteral("FRMDATOSIMPRESOB4_PROPIO_PERCEPTOR"));
+        QCOMPARE(s->windowTitle(), QStringLiteral("Buscar constructor"));
+        Pantallas::descargar(s);
     }
 };
 
