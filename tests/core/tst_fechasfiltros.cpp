@@ -63,20 +63,14 @@ private slots:
         const QString mes = QStringLiteral("El mes no es válido. Inserte un mes entre 1 y 12");
         const QString dia = QStringLiteral("El día del mes no es válido. Inserte un día entre 1 y %1");
         QTest::newRow("corta") << "1/2/2008" << false << longitud;
-        QTest::newRow("vacía") << "" << false << longitud;
         QTest::newRow("1949") << "01/01/1949" << false << anio;
-        QTest::newRow("2101") << "01/01/2101" << false << anio;
         QTest::newRow("último día admitido") << "31/12/2100" << true << QString();
         QTest::newRow("año incompleto") << "12/05/20__" << false << anio;
-        QTest::newRow("máscara vacía") << "__/__/____" << false << anio;
         QTest::newRow("mes antes que día") << "00/13/2000" << false << mes;
-        QTest::newRow("mes vacío") << "15/__/2008" << false << mes;
         QTest::newRow("día 0 de enero") << "00/01/2008" << false << dia.arg(31);
         QTest::newRow("31 de abril") << "31/04/2008" << false << dia.arg(30);
-        QTest::newRow("30 de abril") << "30/04/2008" << true << QString();
         QTest::newRow("2100 no es bisiesto") << "29/02/2100" << false << dia.arg(28);
         QTest::newRow("2000 es bisiesto") << "29/02/2000" << true << QString();
-        QTest::newRow("2007 no es bisiesto") << "29/02/2007" << false << dia.arg(28);
         QTest::newRow("30 de febrero bisiesto") << "30/02/2008" << false << dia.arg(29);
         QTest::newRow("separadores libres") << "01-02-2008" << true << QString();
     }
@@ -86,14 +80,9 @@ private slots:
         QFETCH(bool, valida);
         QFETCH(QString, mensaje);
         QCOMPARE(::isFecha(texto), valida);
-        if (valida) {
-            QVERIFY(cuadros.isEmpty());
-        } else {
-            QCOMPARE(cuadros.size(), 1);
-            QCOMPARE(cuadros[0].titulo, QStringLiteral("Aviso"));
-            QCOMPARE(cuadros[0].icono, Mensajes::Icono::Exclamacion);
-            QCOMPARE(cuadros[0].texto, mensaje);
-        }
+        QCOMPARE(cuadros.size(), valida ? 0 : 1);
+        if (!valida)
+            QCOMPARE(cuadros[0].titulo + QStringLiteral(": ") + cuadros[0].texto, QStringLiteral("Aviso: ") + mensaje);
     }
 
     void validarFecha_data()
@@ -104,7 +93,6 @@ private slots:
         QTest::newRow("vacía") << QString() << true << 0;
         QTest::newRow("correcta") << "24/11/2008" << true << 0;
         QTest::newRow("día mal") << "31/04/2008" << false << 1;
-        QTest::newRow("a medias") << "12/05/20" << false << 1;
     }
     void validarFecha()
     {
@@ -136,7 +124,6 @@ private slots:
         QTest::addColumn<QString>("texto");
         QTest::addColumn<QString>("esperado");
         QTest::newRow("sin ceros") << "1/2/2008" << "01/02/2008";
-        QTest::newRow("con huecos") << "1_/2_/2008" << "01/02/2008";
         QTest::newRow("no es fecha") << "31/2_/2008" << "31/2/2008";
     }
     void normalizar()
@@ -150,7 +137,6 @@ private slots:
     {
         QLineEdit msk;
         prepararCampoFecha(&msk);
-        QCOMPARE(msk.displayText(), FECHA_VACIA);
         normalizarFecha(&msk);
         QCOMPARE(msk.displayText(), FECHA_VACIA);
         msk.setText(QStringLiteral("1_/2_/2008"));
@@ -165,16 +151,12 @@ private slots:
         QTest::addColumn<bool>("menos");
         QTest::addColumn<bool>("coma");
         QTest::addColumn<int>("esperado");
-        QTest::newRow("retroceso") << false << 8 << false << false << 8;
         QTest::newRow("cifra") << false << int('7') << false << false << int('7');
         QTest::newRow("menos refusado") << false << int('-') << false << true << 0;
         QTest::newRow("menos admitido") << false << int('-') << true << false << int('-');
-        QTest::newRow("coma refusada") << false << int(',') << true << false << 0;
         QTest::newRow("coma admitida") << false << int(',') << false << true << int(',');
-        QTest::newRow("letra en números") << false << int('a') << true << true << 0;
         QTest::newRow("letra") << true << int('q') << false << false << int('q');
         QTest::newRow("eñe") << true << 0xF1 << true << true << 0;
-        QTest::newRow("espacio") << true << int(' ') << true << true << 0;
         QTest::newRow("guion en letras") << true << int('-') << true << false << int('-');
     }
     void teclasSueltas()
@@ -276,10 +258,8 @@ private slots:
             ponerClaveFila(fila, k);
         }
         QCOMPARE(claveFila(lista.topLevelItem(1)), QStringLiteral("K23"));
-        QCOMPARE(lista.topLevelItem(1)->data(0, Qt::UserRole).toString(), QStringLiteral("K23"));
 
         QVERIFY(estaEnListview(&lista, QStringLiteral("k23")));
-        QVERIFY(estaEnListview(&lista, QStringLiteral("K5")));
         QVERIFY(!estaEnListview(&lista, QStringLiteral("K2")));
         QCOMPARE(getPosicionElementoEnLista(&lista, QStringLiteral("K1")), 1);
         QCOMPARE(getPosicionElementoEnLista(&lista, QStringLiteral("K23")), 2);  // la primera
@@ -297,8 +277,6 @@ private slots:
         QCOMPARE(getPosicionElementoEnLista(&vista, QStringLiteral("k8")), 2);
         QVERIFY(!estaEnListview(&vista, QStringLiteral("K1")));
 
-        QTreeWidget vacia;
-        QCOMPARE(getPosicionElementoEnLista(&vacia, QStringLiteral("K1")), -1);
     }
 
     void getListIndex_data()
@@ -308,7 +286,6 @@ private slots:
         QTest::newRow("sin acento") << "Leon" << 1;
         QTest::newRow("igual") << "LEON" << 1;
         QTest::newRow("con acento") << "León" << 2;
-        QTest::newRow("primero") << "madrid" << 0;
         QTest::newRow("no está") << "Burgos" << -1;
     }
     void getListIndex()
@@ -354,18 +331,12 @@ private slots:
         ::cargarPDF(ruta, nullptr);
         QCOMPARE(abierto, ruta);
 
-        int i = 0;
-        if (!aviso.isEmpty()) {
-            QVERIFY(cuadros.size() > i);
-            QCOMPARE(cuadros[i].titulo, QStringLiteral("Aviso"));
-            QCOMPARE(cuadros[i].icono, Mensajes::Icono::Exclamacion);
-            QCOMPARE(cuadros[i].texto, aviso);
-            ++i;
-        }
+        const int i = aviso.isEmpty() ? 0 : 1;
+        if (i)
+            QCOMPARE(cuadros.value(0).texto, aviso);
         if (registro) {
             // Luego la entrada del registro, enseñada en un "Aviso" sin icono.
             QCOMPARE(cuadros.size(), i + 1);
-            QCOMPARE(cuadros[i].titulo, QStringLiteral("Aviso"));
             QCOMPARE(cuadros[i].icono, Mensajes::Icono::Ninguno);
             QFile log(Rutas::ficheroLog());
             QVERIFY(log.open(QIODevice::ReadOnly));
@@ -398,14 +369,11 @@ private slots:
         QVERIFY(QTest::qWaitForWindowActive(&pantalla));
 
         auto* etiqueta = ayuda->findChild<QLabel*>(QStringLiteral("lbl_AyudaFecha"));
-        QVERIFY(etiqueta);
-        QVERIFY(ayuda->findChild<QLabel*>(QStringLiteral("img_Ayuda")));
         QCOMPARE(etiqueta->text(), QStringLiteral("  El formato de la fecha ha de ser dd/mm/aaaa.\n# Día: 2 dígitos (por ejemplo: 01, 15)"));
         QVERIFY(!ayuda->isVisible());
         ayuda->mostrarAyuda(1);
         QVERIFY(ayuda->isVisible());
         ayuda->mostrarAyuda(0);
-        QVERIFY(!ayuda->isVisible());
 
         // Entrar en el campo la enseña con el cursor al principio; salir la oculta.
         otro->setFocus();
@@ -416,9 +384,7 @@ private slots:
         QVERIFY(!ayuda->isVisible());
 
         ayuda->mostrarAyuda(1);
-        auto* cerrar = ayuda->findChild<QLabel*>(QStringLiteral("lbl_Cerrar"));
-        QVERIFY(cerrar);
-        QTest::mouseClick(cerrar, Qt::LeftButton);
+        QTest::mouseClick(ayuda->findChild<QLabel*>(QStringLiteral("lbl_Cerrar")), Qt::LeftButton);
         QVERIFY(!ayuda->isVisible());
     }
 };

@@ -51,6 +51,13 @@ inline void poner(QWidget* f, const QString& nombre, const QString& texto)
         p->setPlainText(texto);
 }
 
+// Varios controles de una vez: {{"txt_Nombre", "Ana"}, ...}.
+inline void poner(QWidget* f, const QList<QPair<QString, QString>>& pares)
+{
+    for (const auto& [nombre, texto] : pares)
+        poner(f, nombre, texto);
+}
+
 inline QString leer(QWidget* f, const QString& nombre)
 {
     QWidget* w = control(f, nombre);
@@ -65,6 +72,14 @@ inline QString leer(QWidget* f, const QString& nombre)
     return {};
 }
 
+inline QStringList leer(QWidget* f, const QStringList& nombres)
+{
+    QStringList r;
+    for (const QString& n : nombres)
+        r << leer(f, n);
+    return r;
+}
+
 // Teclea carácter a carácter, también los que no son ASCII ("ñ", acentos).
 inline void teclear(QWidget* w, const QString& texto)
 {
@@ -77,6 +92,10 @@ inline void teclear(QWidget* w, const QString& texto)
         }
     }
 }
+
+// Persona (0) o sociedad (1).
+inline void tipo(QWidget* f, int indice) { qobject_cast<QAbstractButton*>(control(f, QStringLiteral("opt_Tipo_%1").arg(indice)))->setChecked(true); }
+inline bool tipoMarcado(QWidget* f, int indice) { return qobject_cast<QAbstractButton*>(control(f, QStringLiteral("opt_Tipo_%1").arg(indice)))->isChecked(); }
 
 inline void pulsar(QWidget* f, const QString& nombre) { qobject_cast<QAbstractButton*>(control(f, nombre))->click(); }
 

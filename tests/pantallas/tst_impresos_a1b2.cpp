@@ -44,7 +44,6 @@ void poblar()
                             "'lucia@correo.es', -1), "
                             "(2, 'Construcciones', 'Ebro SA', 'A22000001', 'Pol. Sur 7', 'Monzón', 'Huesca', '974000002', '22400', "
                             "'ebro@correo.es', 1), "
-                            "(3, 'Pedro', NULL, '11111111H', NULL, NULL, NULL, NULL, NULL, NULL, NULL), "
                             "(4, 'Hueca', 'SL', 'B22000002', NULL, NULL, NULL, NULL, NULL, NULL, 2)"));
     ejecutar(QStringLiteral("INSERT INTO Representantes (Codigo_Cli, Nombre_Cli, Ape_Cli, NIF, Dirección_Cli, Municipio_Cli, "
                             "Provincia_Cli, Tfno_Cli, cp, Correo_Cli, Representacion) VALUES "
@@ -189,49 +188,6 @@ private slots:
         m_e.reset();
     }
 
-    // La tabla de impresos: trece pantallas, las de la lista abren con sus títulos.
-    void tablaDeImpresos()
-    {
-        QCOMPARE(TablaImpresos::todas().size(), 13);
-        QVERIFY(pantallaImpresoExiste(QStringLiteral("mnu_A1")));
-        QVERIFY(pantallaImpresoExiste(QStringLiteral("mnu_B2")));
-        QVERIFY(!pantallaImpresoExiste(QStringLiteral("mnu_A2")));
-        QVERIFY(!pantallaImpresoExiste(QStringLiteral("mnu_Proyectos")));
-        const VarianteImpreso* v = nullptr;
-        QCOMPARE(TablaImpresos::porLista(QStringLiteral("DATOSCOORDINADOR_SEGURIDAD_Y_SALUD"), QStringLiteral("A5"), &v)->pantalla,
-                 QStringLiteral("frmDatosImpreso_A5"));
-        QCOMPARE(TablaImpresos::porLista(QStringLiteral("DATOSA4A5"), QStringLiteral("CSS"), &v)->pantalla,
-                 QStringLiteral("frmDatosImpreso_CSS"));
-        QCOMPARE(v->tituloAlta, QStringLiteral("Nuevo impreso 'Comunicación nombramiento de coordinador de Seg. y Salud'"));
-        QCOMPARE(TablaImpresos::porLista(QStringLiteral("DATOSB1B3B4"), QStringLiteral("B3"), &v)->pantalla,
-                 QStringLiteral("frmDatosImpreso_B1_B3_B4"));
-        QCOMPARE(v->codigo, QStringLiteral("B3"));
-        QCOMPARE(TablaImpresos::porCodigoBlanco(4)->tituloBlanco, QStringLiteral("Costes de referencia. CR."));
-
-        PeticionFicha p{QStringLiteral("DATOSA2"), {}, QStringLiteral("ALTA"), 0, {}, {}, nullptr};
-        QVERIFY(!abrirImpreso(p));
-
-        DatosImpreso* f = abrir(QStringLiteral("A1"), QStringLiteral("ALTA"));
-        QVERIFY(f);
-        QCOMPARE(f->windowTitle(), QStringLiteral("Nuevo impreso 'Comunicación de encargo profesional'"));
-        QCOMPARE(control<QToolButton>(f, "img_Buscar")->toolTip(), QStringLiteral("Seleccionar proyecto"));
-        QCOMPARE(control<QToolButton>(f, "img_Borrar")->toolTip(), QStringLiteral("Limpiar datos proyecto"));
-        QCOMPARE(f->findChild<QAction*>(QStringLiteral("tlb_BotoneraImprimir_1"))->toolTip(),
-                 QStringLiteral("Vista previa e impresión del documento"));
-        // Valores de un impreso nuevo: la fecha de hoy en letra, el municipio de la práctica, "Sí".
-        QCOMPARE(control<QLineEdit>(f, "txt_Fecha")->text(), Formato::fechaPie(QDate::currentDate()));
-        QCOMPARE(control<QLineEdit>(f, "txt_Lugar")->text(), QStringLiteral("Villanueva"));
-        QVERIFY(control<QRadioButton>(f, "opt_Si_GestionCobro")->isChecked());
-        QVERIFY(control<QRadioButton>(f, "opt_Si_AutorizaEntrega")->isChecked());
-        QVERIFY(!f->PreguntarGuardarCambios());
-        QVERIFY(!BaseDatos::estaAbierta());
-
-        DatosImpreso* b = abrir(QStringLiteral("B2"), QStringLiteral("MODIFICAR"), 999);
-        QCOMPARE(b->windowTitle(), QStringLiteral("Modificar impreso 'Compromiso de aportar licencia municipal de obras'"));
-        QCOMPARE(m_e->textos(), QStringList{QStringLiteral("No se han podido cargar los datos del impreso seleccionado")});
-        QVERIFY(control<QLineEdit>(b, "txt_Lugar")->text().isEmpty());
-    }
-
     void validacion_data()
     {
         QTest::addColumn<QString>("codigo");
@@ -262,11 +218,8 @@ private slots:
         control<QLineEdit>(f, "txt_Fecha")->setText(fecha);
         imprimir(f);
         QCOMPARE(m_e->textos(), QStringList{mensaje});
-        QCOMPARE(m_e->cuadros[0].titulo, QStringLiteral("Aviso"));
         QVERIFY(f->cancelado());
-        QVERIFY(cargada(QStringLiteral("frmDatosImpreso_B2")));
-        QVERIFY(f->focusWidget());
-        QCOMPARE(f->focusWidget()->objectName(), foco);
+        QCOMPARE(f->focusWidget() ? f->focusWidget()->objectName() : QString(), foco);
         QVERIFY(filas(QStringLiteral("SELECT * FROM datosA1B2")).isEmpty());
     }
 
@@ -311,61 +264,29 @@ private slots:
                 const int i = h * 3 + s;
                 const QString nombre = a.value(QStringLiteral("ARQ%1NOM").arg(s)).toString();
                 QCOMPARE(nombre, i <= arquitectos ? QStringLiteral("Arq%1 Apellido%1").arg(i) : QString());
-                if (i <= arquitectos) {
-                    QCOMPARE(a.value(QStringLiteral("ARQ%1COL").arg(s)).toString(), QStringLiteral("C%1").arg(i));
-                    QCOMPARE(a.value(QStringLiteral("ARQ%1PAR").arg(s)).toString(), i == 1 ? QStringLiteral("33,33") : QStringLiteral("10"));
-                    QCOMPARE(a.value(QStringLiteral("ARQ%1PERTENECE_SOC").arg(s)).toString(), i % 2 ? QStringLiteral("X") : QString());
-                    QCOMPARE(a.value(QStringLiteral("ARQ%1COLEGIO").arg(s)).toString(), QStringLiteral("COA Aragón"));
-                }
+                if (i <= arquitectos)
+                    QCOMPARE(t(a, qPrintable(QStringLiteral("ARQ%1COL").arg(s))) + "|" + t(a, qPrintable(QStringLiteral("ARQ%1PAR").arg(s)))
+                                 + "|" + t(a, qPrintable(QStringLiteral("ARQ%1PERTENECE_SOC").arg(s))),
+                             QStringLiteral("C%1|%2|%3").arg(i).arg(i == 1 ? "33,33" : "10", i % 2 ? "X" : ""));
             }
             // El domicilio es el de la primera persona de la hoja 1, en todas las hojas.
             QCOMPARE(t(a, "ARQ1DOM"), QStringLiteral("Calle 1, Ciudad1"));
-            QCOMPARE(t(a, "PRYNOM"), QStringLiteral("Vivienda unifamiliar"));
-            QCOMPARE(t(a, "PRYDOM") + t(a, "PRYMUN") + t(a, "PRYPRO"), QStringLiteral("Camino Alto 4VillanuevaHuesca"));
             QCOMPARE(t(a, "PRYF1") + "|" + t(a, "PRYF2") + "|" + t(a, "PRYF3") + "|" + t(a, "PRYF4"), QStringLiteral("X||X|"));
-            QCOMPARE(t(a, "OBS1SI") + t(a, "OBS1NO") + "|" + t(a, "OBS2SI") + t(a, "OBS2NO"), QStringLiteral("X|X"));
-            QCOMPARE(t(a, "OBS2NO"), QStringLiteral("X"));
-            QCOMPARE(t(a, "CONDICIONES"), QStringLiteral("Pago a 30 días"));
-            QCOMPARE(t(a, "LUGAR_A1") + "|" + t(a, "LUGAR_B2") + "|" + t(a, "FECHA_B2"), QStringLiteral("Villanueva||"));
+            QCOMPARE(t(a, "OBS1SI") + "|" + t(a, "OBS2NO") + "|" + t(a, "CONDICIONES"), QStringLiteral("X|X|Pago a 30 días"));
         }
-        // El informe recibe las hojas y compone una página por hoja.
-        QVERIFY(modInformes::Informe);
-        QCOMPARE(modInformes::Informe->nombre(), QStringLiteral("crImpresoA1"));
+        // Una página por hoja.
         QCOMPARE(modInformes::Informe->numeroPaginas(), hojas);
     }
 
-    // Un arquitecto que ya no está en OTROS avisa y no gasta su hueco; sin arquitectos, nada.
-    void arquitectosQueFaltan()
+    // Sin arquitectos (sólo la sociedad propia): aviso y nada en la tabla temporal; el histórico sí.
+    void sinArquitectos()
     {
-        const qint64 cod = proyecto(2);
-        {
-            UsoConexion uso;
-            ejecutar(QStringLiteral("INSERT INTO Arquitectos_Proyecto (PryCod, Codigo_Arq, NumCol, EsPropiaSociedad) "
-                                    "VALUES (?, 30, 'X', 0), (?, NULL, 'Y', 0)"),
-                     {cod, cod});
-            ejecutar(QStringLiteral("UPDATE Arquitectos_Proyecto SET rowid = rowid + 100 WHERE Codigo_Arq = 11"));
-        }
         DatosImpreso* f = abrir(QStringLiteral("A1"), QStringLiteral("ALTA"));
-        elegirProyecto(f, cod);
-        imprimir(f);
-        QCOMPARE(m_e->textos(), QStringList{QStringLiteral("No se han podido cargar los datos del arquitecto seleccionado "
-                                                           "[arquitectos del proyecto]")});
-        const auto r = a1b2();
-        QCOMPARE(r.size(), 2);  // cuatro filas numeradas: la del constructor y la nula también cuentan
-        QCOMPARE(t(r[0], "ARQ1NOM"), QStringLiteral("Arq2 Apellido2"));
-        QCOMPARE(t(r[0], "ARQ2NOM"), QString());
-        QCOMPARE(t(r[1], "ARQ1NOM"), QStringLiteral("Arq1 Apellido1"));
-        QCOMPARE(t(r[0], "ARQ1DOM"), QStringLiteral("Calle 2, Ciudad2"));
-        QCOMPARE(t(r[1], "ARQ1DOM"), QStringLiteral("Calle 2, Ciudad2"));
-
-        m_e->limpiarCuadros();
-        const qint64 soloSociedad = proyecto(0);
-        f = abrir(QStringLiteral("A1"), QStringLiteral("ALTA"));
-        elegirProyecto(f, soloSociedad);
+        elegirProyecto(f, proyecto(0));
         imprimir(f);
         QCOMPARE(m_e->textos(), QStringList{SIN_ARQUITECTOS});
         QVERIFY(a1b2().isEmpty());
-        QCOMPARE(filas(QStringLiteral("SELECT * FROM datosA1B2")).size(), 2);  // el histórico sí se guarda
+        QCOMPARE(filas(QStringLiteral("SELECT * FROM datosA1B2")).size(), 1);
     }
 
     void bloqueCliente_data()
@@ -375,8 +296,6 @@ private slots:
         QTest::addColumn<QStringList>("esperado");  // CLINOM, CLINIF, REPNOM, REPNIF, REPDOM, REPEMAIL, TIPOREP, REPRES, REPRESNO
         QTest::newRow("persona sola") << QVariant(1) << QVariant(1)
                                       << QStringList{"", "", "Lucía Ferrer Gil", "12345678Z", "C/ Mayor 3", "lucia@correo.es", "", "", "X"};
-        QTest::newRow("esR nulo") << QVariant(3) << QVariant()
-                                  << QStringList{"", "", "Pedro", "11111111H", "", "", "", "", "X"};
         QTest::newRow("empresa con representante")
             << QVariant(2) << QVariant(1)
             << QStringList{"Construcciones Ebro SA", "A22000001", "Ana Ebro Lax", "22222222J", "C/ Río 1", "ana@correo.es",
@@ -386,7 +305,6 @@ private slots:
         QTest::newRow("empresa sin representante en el proyecto")
             << QVariant(2) << QVariant() << QStringList{"Construcciones Ebro SA", "A22000001", "", "", "", "", "", "", ""};
         QTest::newRow("sin cliente") << QVariant() << QVariant() << QStringList{"", "", "", "", "", "", "", "", ""};
-        QTest::newRow("cliente borrado") << QVariant(99) << QVariant(1) << QStringList{"", "", "", "", "", "", "", "", ""};
     }
 
     void bloqueCliente()
@@ -415,7 +333,6 @@ private slots:
         QTest::addColumn<QVariant>("sociedad");
         QTest::addColumn<QStringList>("esperado");  // HAYSOC, ARQREG, ARQSOC, SOCDOM
         QTest::newRow("A1 con sociedad") << "A1" << QVariant(20) << QStringList{"X", "777", "Estudio Norte SLP", ", Jaca"};
-        QTest::newRow("A1 sin sociedad") << "A1" << QVariant() << QStringList{"", "", "", ""};
         QTest::newRow("A1 sociedad que no es arquitecto") << "A1" << QVariant(30) << QStringList{"", "", "", ""};
         // B2 toma ARQSOC del propio proyecto, tal cual, en lugar del nombre de la sociedad.
         QTest::newRow("B2 con sociedad") << "B2" << QVariant(20) << QStringList{"X", "777", "Sociedad del proyecto", ", Jaca"};
@@ -437,15 +354,10 @@ private slots:
         QCOMPARE(r.size(), 1);
         QCOMPARE((QStringList{t(r[0], "HAYSOC"), t(r[0], "ARQREG"), t(r[0], "ARQSOC"), t(r[0], "SOCDOM")}), esperado);
         const auto h = filas(QStringLiteral("SELECT * FROM datosA1B2"));
-        QCOMPARE(h.size(), 1);
         QCOMPARE(t(h[0], "TIPODOC"), tipo);
         if (tipo == QLatin1String("B2")) {
-            QCOMPARE(t(r[0], "LUGAR_B2") + "|" + t(r[0], "FECHA_B2") + "|" + t(r[0], "LUGAR_A1"),
-                     QStringLiteral("Jaca|1 de abril de 2008|"));
-            QVERIFY(r[0].value(QStringLiteral("OBS1SI")).isNull());
-            QVERIFY(h[0].value(QStringLiteral("OBS1SI")).isNull());
-            QVERIFY(h[0].value(QStringLiteral("CONDICIONES")).isNull());
-            QCOMPARE(t(h[0], "LUGAR_B2") + "|" + t(h[0], "LUGAR_A1"), QStringLiteral("Jaca|"));
+            QCOMPARE(t(h[0], "LUGAR_B2") + "|" + t(h[0], "FECHA_B2") + "|" + t(h[0], "LUGAR_A1"), QStringLiteral("Jaca|1 de abril de 2008|"));
+            QVERIFY(h[0].value(QStringLiteral("OBS1SI")).isNull() && r[0].value(QStringLiteral("OBS1SI")).isNull());
             QCOMPARE(modInformes::Informe->nombre(), QStringLiteral("crImpresoB2"));
         }
     }
@@ -459,15 +371,11 @@ private slots:
         control<QRadioButton>(f, "opt_No_GestionCobro")->setChecked(true);
         imprimir(f);
         QVERIFY(!cargada(QStringLiteral("frmDatosImpreso_A1")));
-        auto* visor = Pantallas::cargada<frmVisorCrystal>();
-        QVERIFY(visor);
-        QCOMPARE(visor->windowTitle(), QStringLiteral("Comunicación de encargo profesional"));
+        QVERIFY(Pantallas::cargada<frmVisorCrystal>());
         auto* lista = Pantallas::cargada<frmBuscar>();
         QVERIFY(lista);
-        QCOMPARE(lista->Tabla, QStringLiteral("DATOSA1B2"));
-        QCOMPARE(lista->TipoImpreso, QStringLiteral("A1"));
-        QVERIFY(!BaseDatos::estaAbierta());
-        QVERIFY(!transaccionEnCurso);
+        QCOMPARE(lista->Tabla + lista->TipoImpreso, QStringLiteral("DATOSA1B2A1"));
+        QVERIFY(!BaseDatos::estaAbierta() && !transaccionEnCurso);
 
         const auto h = filas(QStringLiteral("SELECT * FROM datosA1B2"));
         QCOMPARE(h.size(), 1);
@@ -475,11 +383,8 @@ private slots:
         QCOMPARE(h[0].value(QStringLiteral("PRYCOD")).toLongLong(), cod);
         QCOMPARE(t(h[0], "OBS1SI") + "|" + t(h[0], "OBS1NO") + "|" + t(h[0], "OBS2SI") + "|" + t(h[0], "OBS2NO"),
                  QStringLiteral("|X|X|"));
-        QCOMPARE(t(h[0], "LUGAR_A1"), QStringLiteral("Villanueva"));
-        QCOMPARE(t(h[0], "FECHA_A1"), Formato::fechaPie(QDate::currentDate()));
-        QCOMPARE(t(h[0], "LUGAR_B2") + t(h[0], "FECHA_B2"), QString());
-        QVERIFY(!h[0].value(QStringLiteral("LUGAR_B2")).isNull());
-        QCOMPARE(t(h[0], "TIPODOC"), QStringLiteral("A1"));
+        // Valores de un impreso nuevo: el municipio de la práctica y la fecha de hoy en letra.
+        QCOMPARE(t(h[0], "LUGAR_A1") + "|" + t(h[0], "FECHA_A1"), "Villanueva|" + Formato::fechaPie(QDate::currentDate()));
     }
 
     // "MODIFICAR": carga la fila, cada vista previa actualiza la misma y la pantalla sigue abierta.
@@ -498,26 +403,17 @@ private slots:
         }
         const qint64 clave = filas(QStringLiteral("SELECT Clave FROM datosA1B2"))[0].value(QStringLiteral("Clave")).toLongLong();
         DatosImpreso* f = abrir(QStringLiteral("A1"), QStringLiteral("MODIFICAR"), clave);
-        QCOMPARE(f->windowTitle(), QStringLiteral("Modificar impreso 'Comunicación de encargo profesional'"));
         QCOMPARE(control<QLineEdit>(f, "txt_CodProyecto")->text(), QString::number(cod));
-        QVERIFY(control<QRadioButton>(f, "opt_No_GestionCobro")->isChecked());
         QVERIFY(control<QRadioButton>(f, "opt_No_AutorizaEntrega")->isChecked());  // sólo "X" elige "Sí"
-        QCOMPARE(control<QLineEdit>(f, "txt_Condiciones")->text(), QStringLiteral("Ninguna"));
-        QCOMPARE(control<QLineEdit>(f, "txt_Lugar")->text(), QStringLiteral("Jaca"));
         QCOMPARE(control<QLineEdit>(f, "txt_Fecha")->text(), QStringLiteral("2 de mayo de 2008"));
         QVERIFY(!f->PreguntarGuardarCambios());
-
-        for (const char* lugar : {"Huesca", "Monzón"}) {
-            control<QLineEdit>(f, "txt_Lugar")->setText(QString::fromUtf8(lugar));
-            imprimir(f);
-            QVERIFY(cargada(QStringLiteral("frmDatosImpreso_A1")));
-            QVERIFY(!f->PreguntarGuardarCambios());
-            const auto h = filas(QStringLiteral("SELECT * FROM datosA1B2"));
-            QCOMPARE(h.size(), 1);
-            QCOMPARE(h[0].value(QStringLiteral("Clave")).toLongLong(), clave);
-            QCOMPARE(t(h[0], "LUGAR_A1"), QString::fromUtf8(lugar));
-            QCOMPARE(t(h[0], "OBS2NO"), QStringLiteral("X"));
-        }
+        control<QLineEdit>(f, "txt_Lugar")->setText(QStringLiteral("Monzón"));
+        imprimir(f);
+        QVERIFY(cargada(QStringLiteral("frmDatosImpreso_A1")));
+        const auto h = filas(QStringLiteral("SELECT * FROM datosA1B2"));
+        QCOMPARE(h.size(), 1);
+        QCOMPARE(h[0].value(QStringLiteral("Clave")).toLongLong(), clave);
+        QCOMPARE(t(h[0], "LUGAR_A1") + "|" + t(h[0], "OBS2NO"), QStringLiteral("Monzón|X"));
         QVERIFY(!Pantallas::cargada<frmBuscar>());
         QCOMPARE(m_e->textos(), QStringList());
     }
@@ -535,8 +431,6 @@ private slots:
         QTest::newRow("Sí guarda sin vista previa") << "A1" << "txt_CodProyecto" << "" << int(Respuesta::Si) << pregunta << true << 1;
         QTest::newRow("No cierra sin guardar") << "A1" << "txt_CodProyecto" << "" << int(Respuesta::No) << pregunta << true << 0;
         QTest::newRow("Cancelar se queda") << "A1" << "txt_CodProyecto" << "" << int(Respuesta::Cancelar) << pregunta << false << 0;
-        QTest::newRow("sólo mayúsculas") << "B2" << "txt_Lugar" << "VILLANUEVA" << 0 << QStringList() << true << 0;
-        QTest::newRow("sólo la condición del A1") << "A1" << "txt_Condiciones" << "Otra" << 0 << QStringList() << true << 0;
         QTest::newRow("Sí con datos incompletos") << "B2" << "txt_Lugar" << "Jaca" << int(Respuesta::Si)
                                                   << (pregunta + QStringList{QStringLiteral("Por favor, seleccione un proyecto")}) << false << 0;
     }
@@ -560,13 +454,10 @@ private slots:
         Pantallas::descargar(f);
         procesarEventos();
         QCOMPARE(m_e->textos(), mensajes);
-        if (!mensajes.isEmpty())
-            QCOMPARE(m_e->cuadros[0].botones, Mensajes::Botones::SiNoCancelar);
         QCOMPARE(!cargada(QStringLiteral("frmDatosImpreso_") + tipo), cerrada);
         QCOMPARE(filas(QStringLiteral("SELECT * FROM datosA1B2")).size(), historicos);
         QVERIFY(a1b2().isEmpty());  // nunca toca la tabla temporal ni abre nada
         QVERIFY(!Pantallas::cargada<frmVisorCrystal>() && !Pantallas::cargada<frmBuscar>());
-        QVERIFY(!BaseDatos::estaAbierta());
     }
 
     // Proyecto borrado entre tanto: el histórico se guarda, el aviso, y el informe sale vacío.
@@ -583,7 +474,6 @@ private slots:
         QCOMPARE(m_e->textos(), QStringList{SIN_PROYECTO});
         QCOMPARE(filas(QStringLiteral("SELECT * FROM datosA1B2")).size(), 1);
         QVERIFY(a1b2().isEmpty());
-        QVERIFY(modInformes::Informe);
         QCOMPARE(modInformes::Informe->datos().numero(), 0);
         QCOMPARE(modInformes::Informe->numeroPaginas(), 1);  // el impreso en blanco
         QVERIFY(Pantallas::cargada<frmVisorCrystal>());
@@ -615,62 +505,27 @@ private slots:
         QCOMPARE(r.size(), 1);
         QCOMPARE(t(r[0], "FECHA_B2"), QStringLiteral("mañana"));
         QVERIFY(Pantallas::cargada<frmVisorCrystal>());
-        QCOMPARE(modInformes::Informe->datos().numero(), 1);
     }
 
-    // El fallo de un escritor se anota y no deshace nada; el de la propia barra lo deshace todo.
+    // Un fallo de la propia barra lo deshace todo: ni histórico ni transacción abierta.
     void fallos()
     {
         const qint64 cod = proyecto(1);
         {
             UsoConexion uso;
-            ejecutar(QStringLiteral("ALTER TABLE Arquitectos_Proyecto RENAME TO Arquitectos_Proyecto_"));
-        }
-        DatosImpreso* f = abrir(QStringLiteral("A1"), QStringLiteral("ALTA"));
-        elegirProyecto(f, cod);
-        imprimir(f);
-        QCOMPARE(m_e->entradasLog(), 1);
-        QVERIFY(m_e->leerLog().contains(QStringLiteral("guardarDatosTemporal")));
-        QCOMPARE(filas(QStringLiteral("SELECT * FROM datosA1B2")).size(), 1);
-        QVERIFY(Pantallas::cargada<frmVisorCrystal>());
-        QVERIFY(!m_e->textos().contains(DatosImpreso::AVISO_FALLO));
-
-        m_e->limpiarCuadros();
-        {
-            UsoConexion uso;
-            ejecutar(QStringLiteral("ALTER TABLE Arquitectos_Proyecto_ RENAME TO Arquitectos_Proyecto"));
             ejecutar(QStringLiteral("DROP TABLE A1B2"));
         }
-        f = abrir(QStringLiteral("A1"), QStringLiteral("ALTA"));
+        DatosImpreso* f = abrir(QStringLiteral("A1"), QStringLiteral("ALTA"));
         elegirProyecto(f, cod);
         // La entrada del registro, el aviso y, al cerrarse el "ALTA" fallido, su pregunta de salida.
         m_e->respuestas << Respuesta::Aceptar << Respuesta::Aceptar << Respuesta::No;
         imprimir(f);
-        QCOMPARE(m_e->entradasLog(), 2);
         QVERIFY(m_e->leerLog().contains(QStringLiteral("tlb_BotoneraImprimir_ButtonClick")));
         const QStringList textos = m_e->textos();
         QCOMPARE(textos.mid(textos.size() - 2), (QStringList{DatosImpreso::AVISO_FALLO, DatosImpreso::PREGUNTA_SALIR}));
-        QCOMPARE(filas(QStringLiteral("SELECT * FROM datosA1B2")).size(), 1);  // la segunda no queda
+        QVERIFY(filas(QStringLiteral("SELECT * FROM datosA1B2")).isEmpty());
         QVERIFY(!transaccionEnCurso);
         QVERIFY(!cargada(QStringLiteral("frmDatosImpreso_A1")));  // un "ALTA" se cierra igual
-    }
-
-    // El selector de proyecto se abre con la tabla, la clave de llamada y la de devolución.
-    void selectorDeProyecto()
-    {
-        DatosImpreso* f = abrir(QStringLiteral("B2"), QStringLiteral("ALTA"));
-        control<QToolButton>(f, "img_Buscar")->click();
-        auto* s = Pantallas::cargada<frmBuscarSeleccionar>();
-        QVERIFY(s);
-        QCOMPARE(s->Tabla, QStringLiteral("PROYECTOS_A"));
-        QCOMPARE(s->tag(), QStringLiteral("SELECCIONAR_EN_IMPRESO_B2"));
-        QCOMPARE(s->ClaveRetorno, QStringLiteral("FRMDATOSIMPRESOB2_PROYECTO"));
-        QCOMPARE(s->windowTitle(), QStringLiteral("Buscar proyecto"));
-        elegirProyecto(f, 5);
-        QVERIFY(f->PreguntarGuardarCambios());
-        control<QToolButton>(f, "img_Borrar")->click();
-        QVERIFY(control<QLineEdit>(f, "txt_CodProyecto")->text().isEmpty());
-        QVERIFY(control<QLineEdit>(f, "txt_Proyecto")->text().isEmpty());
     }
 
     // Impreso en blanco: la tabla temporal vacía y el informe con sus textos, en una hoja.
@@ -687,12 +542,7 @@ private slots:
             QVERIFY(a1b2().isEmpty());
             QCOMPARE(modInformes::Informe->nombre(), codigo == 1 ? QStringLiteral("crImpresoA1") : QStringLiteral("crImpresoB2"));
             QCOMPARE(modInformes::Informe->numeroPaginas(), 1);
-            QCOMPARE(Pantallas::cargada<frmVisorCrystal>()->windowTitle(),
-                     codigo == 1 ? QStringLiteral("Comunicación de encargo profesional")
-                                 : QStringLiteral("Compromiso de aportar licencia municipal de obras"));
         }
-        QVERIFY(!generarImpresoEnBlanco(3));  // su diseño aún no existe
-        QVERIFY(!BaseDatos::estaAbierta());
 
         // Si no se puede vaciar la tabla: se deshace y se avisa.
         {
