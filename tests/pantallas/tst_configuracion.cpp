@@ -1,21 +1,15 @@
-// Configuración del estudio: carga, huecos de arquitectos, borrados, devoluciones, validación,
-// guardado, pregunta al salir, carpetas y costes de referencia.
+// Configuración del estudio: huecos de arquitectos, borrados, devoluciones, validación,
+// guardado y pregunta al salir.
 #include "app/Aplicacion.h"
 #include "app/frmMenu.h"
 #include "core/modFunciones.h"
-#include "masterdata/frmAddModCosteReferencia.h"
 #include "masterdata/frmConfiguracion.h"
-#include "reports/frmVisorCrystal.h"
-#include "reports/modInformes.h"
-#include "search/frmBuscarSeleccionar.h"
 #include "tests/comun/EntornoPrueba.h"
 
 #include <QLineEdit>
 #include <QPushButton>
-#include <QToolButton>
-#include <QRadioButton>
 #include <QTabWidget>
-#include <QTreeWidget>
+#include <QToolButton>
 #include <QtTest>
 
 using Mensajes::Respuesta;
@@ -68,11 +62,7 @@ class tst_configuracion : public QObject {
             escribir(f, nombres[i], textos[i]);
     }
     template <typename T> static T* hijo(QObject* f, const QString& nombre) { return f->findChild<T*>(nombre); }
-    static int filasConfig()
-    {
-        UsoConexion uso;
-        return escalar(QStringLiteral("SELECT count(*) FROM Config")).toInt();
-    }
+    static int filasConfig() { UsoConexion uso; return escalar(QStringLiteral("SELECT count(*) FROM Config")).toInt(); }
 
 private slots:
     void initTestCase() { Aplicacion::prepararEntorno(); }
@@ -89,8 +79,6 @@ private slots:
         persona(20, QStringLiteral("Pedro"), QStringLiteral("Ruiz"), 999, 0, LUIS, QStringLiteral("Aparejador"));
         ejecutar(QStringLiteral("INSERT INTO Config (CodArq1, Arq1Nom, Arq1Col, Domicilio, Municipio, Modulo, IVA, IRPF, AgenciaTributaria) "
                                 "VALUES (1, 'Ana García Sáenz', '1234', 'C/ Portales 12, 2º', 'Logroño', 525.5, 16, 15, 'Logroño')"));
-        ejecutar(QStringLiteral("INSERT INTO Costes VALUES ('B02', 'Almacén', 'Nave sin uso definido', 0.5, 1), "
-                                "('A01', 'Vivienda', 'Unifamiliar aislada', 1.2, 1.1), ('1.2', 'Garaje', 'Sótano', 0.6, 1)"));
         m_peticiones.clear();
         frmConfiguracion::abridorSelector = [this](const frmConfiguracion::PeticionSelector& p) { m_peticiones << p; };
         frmMenu::instancia();
@@ -105,66 +93,6 @@ private slots:
         procesarEventos();
         m_e.reset();
         Aplicacion::reiniciar();
-    }
-
-    void carga()
-    {
-        QVERIFY(frmConfiguracion::disponible());
-        frmConfiguracion* f = abrir(1);
-        QCOMPARE(f->pestanas()->currentIndex(), 1);
-        QCOMPARE(textos(f, {"txt_CodArq_1", "txt_Arquitecto_1", "txt_NumColegiado_1", "txt_CodArq_2", "txt_Domicilio", "txt_NIF",
-                            "txt_ModuloM", "txt_Iva", "txt_Irpf", "txt_UbicacionAgenciaTributaria", "txt_RutaBD"}),
-                 (QStringList{"1", "Ana García Sáenz", "1234", "", "C/ Portales 12, 2º", "", "525,5", "16", "15", "Logroño", e().carpetaDatos()}));
-        // Abrir de nuevo trae la misma pantalla a la pestaña pedida.
-        QCOMPARE(frmConfiguracion::abrir(0), f);
-        QCOMPARE(f->pestanas()->currentIndex(), 0);
-        QVERIFY(e().cuadros.isEmpty());
-
-        // Sin fila de configuración.
-        QVERIFY(Pantallas::descargar(f));
-        procesarEventos();
-        {
-            UsoConexion uso;
-            ejecutar(QStringLiteral("DELETE FROM Config"));
-        }
-        f = frmConfiguracion::abrir(0);
-        QCOMPARE(e().textos(), QStringList{QStringLiteral("No se han podido cargar los datos de la configuración")});
-        QVERIFY(!f->PreguntarGuardarCambios());
-    }
-
-    // Teclas admitidas; al salir del módulo, ",5" → "0,5" y "12," → "12".
-    void teclasModulo_data()
-    {
-        QTest::addColumn<QString>("caja");
-        QTest::addColumn<QString>("teclas");
-        QTest::addColumn<QString>("esperado");
-        QTest::newRow("módulo con punto") << "txt_ModuloM" << "525.5" << "525,5";
-        QTest::newRow("módulo, una coma") << "txt_ModuloM" << "5,2,5" << "5,25";
-        QTest::newRow("IVA sin coma") << "txt_Iva" << "2,1a" << "21";
-        QTest::newRow("IRPF sin signo") << "txt_Irpf" << "-7" << "7";
-        QTest::newRow("salida, coma inicial") << "txt_ModuloM" << ",5\t" << "0,5";
-        QTest::newRow("salida, coma final") << "txt_ModuloM" << "12,\t" << "12";
-        QTest::newRow("salida, sola coma") << "txt_ModuloM" << ",\t" << "0";
-    }
-    void teclasModulo()
-    {
-        QFETCH(QString, caja);
-        QFETCH(QString, teclas);
-        QFETCH(QString, esperado);
-        frmConfiguracion* f = abrir(1);
-        QLineEdit* t = txt(f, caja);
-        t->clear();
-        QString pulsadas = teclas;
-        const bool salir = pulsadas.endsWith(QLatin1Char('\t'));
-        pulsadas.remove(QLatin1Char('\t'));
-        if (salir) {
-            t->setText(pulsadas);
-            QFocusEvent salida(QEvent::FocusOut);
-            QCoreApplication::sendEvent(t, &salida);
-        } else {
-            QTest::keyClicks(t, pulsadas);
-        }
-        QCOMPARE(t->text(), esperado);
     }
 
     // Los huecos se rellenan en orden; el selector recibe tabla, clave de llamada, título,
@@ -215,38 +143,31 @@ private slots:
         escribir(f, DOMICILIO, vacio);
         // El primero sin sociedad trae los datos del estudio; el segundo no toca el domicilio.
         f->recibirArquitecto(1, 1, QStringLiteral("Ana García Sáenz"), QStringLiteral("1234"));
-        QCOMPARE(textos(f, {"txt_CodArq_1", "txt_Arquitecto_1", "txt_NumColegiado_1"}), (QStringList{"1", "Ana García Sáenz", "1234"}));
-        QCOMPARE(textos(f, DOMICILIO), ANA);
+        QCOMPARE(textos(f, (QStringList{"txt_CodArq_1", "txt_Arquitecto_1", "txt_NumColegiado_1"} + DOMICILIO)),
+                 (QStringList{"1", "Ana García Sáenz", "1234"} + ANA));
         f->recibirArquitecto(2, 2, QStringLiteral("Luis Pérez Ochoa"), QStringLiteral("2345"));
         QCOMPARE(textos(f, {"txt_CodArq_2", "txt_Arquitecto_2", "txt_NumColegiado_2"}), (QStringList{"2", "Luis Pérez Ochoa", "2345"}));
         QCOMPARE(textos(f, DOMICILIO), ANA);
         // La sociedad siempre, también con valores nulos (vacíos); con ella, el primero ya no cambia el domicilio.
         f->recibirSociedad(10, QStringLiteral("Estudio Rioja SLP"), QStringLiteral("77"));
-        QCOMPARE(textos(f, {"txt_CodSoc", "txt_Sociedad", "txt_NumRegistro"}), (QStringList{"10", "Estudio Rioja SLP", "77"}));
-        QCOMPARE(textos(f, DOMICILIO), SOCIEDAD);
+        QCOMPARE(textos(f, (QStringList{"txt_CodSoc", "txt_Sociedad", "txt_NumRegistro"} + DOMICILIO)),
+                 (QStringList{"10", "Estudio Rioja SLP", "77"} + SOCIEDAD));
         f->recibirArquitecto(1, 2, QStringLiteral("Luis Pérez Ochoa"), QStringLiteral("2345"));
         QCOMPARE(textos(f, DOMICILIO), SOCIEDAD);
         QVERIFY(e().cuadros.isEmpty());
-        // Un código que no es de arquitecto: el código queda, el domicilio no cambia.
-        f->recibirSociedad(20, QStringLiteral("Pedro Ruiz"), QStringLiteral("999"));
-        QCOMPARE(e().textos(), QStringList{QStringLiteral("No se han podido cargar los datos del arquitecto seleccionado")});
-        QCOMPARE(textos(f, DOMICILIO), SOCIEDAD);
 
         // Ficha nueva: nombre y número, nunca el código; el domicilio sólo sin sociedad.
         const QStringList nuevo = {"C/ Nueva 1", "11111111H", "26003", "Logroño", "La Rioja", "941", "942", "600", "n@e.es"};
         const frmConfiguracion::DatosEstudio datos{nuevo[0], nuevo[1], nuevo[2], nuevo[3], nuevo[4], nuevo[5], nuevo[6], nuevo[7], nuevo[8]};
-        f->recibirNuevoArquitecto(3, QStringLiteral("Nuevo Tres"), QStringLiteral("333"), datos);
-        QCOMPARE(textos(f, {"txt_CodArq_3", "txt_Arquitecto_3", "txt_NumColegiado_3"}), (QStringList{"", "Nuevo Tres", "333"}));
         f->recibirNuevoArquitecto(1, QStringLiteral("Nuevo Uno"), QStringLiteral("111"), datos);
-        QCOMPARE(textos(f, {"txt_CodArq_1", "txt_Arquitecto_1"}), (QStringList{"2", "Nuevo Uno"}));
-        QCOMPARE(textos(f, DOMICILIO), SOCIEDAD);
+        QCOMPARE(textos(f, (QStringList{"txt_CodArq_1", "txt_Arquitecto_1"} + DOMICILIO)), (QStringList{"2", "Nuevo Uno"} + SOCIEDAD));
         escribir(f, "txt_Sociedad", QString());
         f->recibirNuevoArquitecto(1, QStringLiteral("Nuevo Uno"), QStringLiteral("111"), datos);
         QCOMPARE(textos(f, DOMICILIO), nuevo);
         escribir(f, DOMICILIO, vacio);
         f->recibirNuevaSociedad(QStringLiteral("Sociedad Nueva"), QStringLiteral("88"), datos);
-        QCOMPARE(textos(f, {"txt_CodSoc", "txt_Sociedad", "txt_NumRegistro"}), (QStringList{"20", "Sociedad Nueva", "88"}));
-        QCOMPARE(textos(f, DOMICILIO), nuevo);
+        QCOMPARE(textos(f, (QStringList{"txt_CodSoc", "txt_Sociedad", "txt_NumRegistro"} + DOMICILIO)),
+                 (QStringList{"10", "Sociedad Nueva", "88"} + nuevo));
     }
 
     // img_Borrar: 1 a 3 vacían su hueco; 0 también el domicilio si no hay sociedad; 4 la sociedad
@@ -382,30 +303,6 @@ private slots:
         QCOMPARE(e().entradasLog(), 0);
     }
 
-    // Qué cuenta como cambio: textos en mayúsculas, no los códigos ni las carpetas.
-    void cambios_data()
-    {
-        QTest::addColumn<QString>("caja");
-        QTest::addColumn<QString>("texto");
-        QTest::addColumn<bool>("cambia");
-        QTest::newRow("nombre") << "txt_Arquitecto_2" << "Otro" << true;
-        QTest::newRow("sólo mayúsculas") << "txt_Arquitecto_1" << "ANA GARCÍA SÁENZ" << false;
-        QTest::newRow("IRPF") << "txt_Irpf" << "7" << true;
-        QTest::newRow("código") << "txt_CodArq_1" << "9" << false;
-        QTest::newRow("código sociedad") << "txt_CodSoc" << "9" << false;
-        QTest::newRow("carpeta BD") << "txt_RutaBD" << "/x/" << false;
-    }
-    void cambios()
-    {
-        QFETCH(QString, caja);
-        QFETCH(QString, texto);
-        QFETCH(bool, cambia);
-        frmConfiguracion* f = abrir();
-        QVERIFY(!f->PreguntarGuardarCambios());
-        escribir(f, caja, texto);
-        QCOMPARE(f->PreguntarGuardarCambios(), cambia);
-    }
-
     // Cerrar: sin cambios no pregunta; con ellos, Sí guarda y cierra salvo si no es válido.
     void cierre_data()
     {
@@ -435,163 +332,6 @@ private slots:
         QCOMPARE(escalar(QStringLiteral("SELECT Modulo FROM Config")).toDouble(), modulo.isEmpty() ? 525.5 : 600.0);
     }
 
-    void validarNIF()
-    {
-        frmConfiguracion* f = abrir();
-        escribir(f, "txt_NIF", QStringLiteral("  "));
-        f->findChild<QToolButton*>(QStringLiteral("img_Validar"))->click();
-        QCOMPARE(e().textos(), QStringList{QStringLiteral("Por favor, proporcione un valor para el NIF/CIF")});
-        QVERIFY(!Pantallas::cargada<frmValidarNIFCIF>());
-
-        // Sin sociedad, NIF; con ella, CIF.
-        for (const bool sociedad : {false, true}) {
-            escribir(f, "txt_Sociedad", sociedad ? QStringLiteral("Estudio Rioja SLP") : QString());
-            escribir(f, "txt_NIF", sociedad ? QStringLiteral("b26412345") : QStringLiteral("16543219q"));
-            f->img_Validar_Click();
-            frmValidarNIFCIF* v = Pantallas::cargada<frmValidarNIFCIF>();
-            QVERIFY(v);
-            QCOMPARE(v->cajaIdentificador.data(), txt(f, "txt_NIF"));
-            QCOMPARE(hijo<QRadioButton>(v, "opt_Identificador_1")->isChecked(), sociedad);
-        }
-    }
-
-    void carpetas()
-    {
-        frmConfiguracion* f = abrir(2);
-        e().carpetas << QStringLiteral("/datos/excel") << QString() << QStringLiteral("/datos/pdf/");
-        f->findChild<QPushButton*>(QStringLiteral("cmd_CambiarRutaExcel"))->click();
-        f->findChild<QPushButton*>(QStringLiteral("cmd_CambiarRutaPdf"))->click();  // cancelado
-        QCOMPARE(txt(f, "txt_RutaPdf")->text(), QString());
-        f->findChild<QPushButton*>(QStringLiteral("cmd_CambiarRutaPdf"))->click();
-        QCOMPARE(e().titulosCarpeta, (QStringList{tituloCambiarRuta(2), tituloCambiarRuta(3), tituloCambiarRuta(3)}));
-        QCOMPARE(textos(f, {"txt_RutaExcel", "txt_RutaPdf"}), (QStringList{"/datos/excel/", "/datos/pdf/"}));
-        QCOMPARE(leerAjuste("EXPORTACION", "rutaExcel") + leerAjuste("EXPORTACION", "rutaPdf"), QStringLiteral("/datos/excel//datos/pdf/"));
-        QVERIFY(!f->PreguntarGuardarCambios());
-    }
-
-    void moverBase()
-    {
-        frmConfiguracion* f = abrir(2);
-        // No: nada cambia; Sí: carpeta nueva, aviso y el programa termina.
-        e().respuestas << Respuesta::No << Respuesta::Si;
-        e().carpetas << QStringLiteral("/red/estudio");
-        f->cmd_Cambiar_Click();
-        QVERIFY(e().cuadros[0].texto.startsWith(QStringLiteral("Si cambia la ubicación de la base de datos, el programa se cerrará")));
-        QVERIFY(!Aplicacion::terminado());
-        QCOMPARE(txt(f, "txt_RutaBD")->text(), e().carpetaDatos());
-        f->cmd_Cambiar_Click();
-        QCOMPARE(e().cuadros.size(), 3);
-        QCOMPARE(txt(f, "txt_RutaBD")->text(), QStringLiteral("/red/estudio/"));
-        QCOMPARE(leerAjuste(QStringLiteral("BD"), QStringLiteral("ruta")), QStringLiteral("/red/estudio/"));
-        QVERIFY(Aplicacion::terminado());
-    }
-
-    void costes()
-    {
-        frmConfiguracion* f = abrir(3);
-        QTreeWidget* lvw = f->listaCostes();
-        auto filas = [lvw](int columna) {
-            QStringList l;
-            for (int i = 0; i < lvw->topLevelItemCount(); ++i)
-                l << lvw->topLevelItem(i)->text(columna);
-            return l;
-        };
-        auto fila = [](QTreeWidgetItem* r) { return QStringList{claveFila(r), r->text(1), r->text(2), r->text(3), r->text(4)}.join('|'); };
-        QCOMPARE(fila(lvw->topLevelItem(1)), QStringLiteral("KA01|Vivienda|Unifamiliar aislada|1,20|1,10"));
-        // Orden por columna; un segundo clic invierte. El código se ordena como texto.
-        f->lvw_CostesDeReferencia_ColumnClick(1);
-        QCOMPARE(filas(1), (QStringList{"Almacén", "Garaje", "Vivienda"}));
-        f->lvw_CostesDeReferencia_ColumnClick(1);
-        QCOMPARE(filas(1), (QStringList{"Vivienda", "Garaje", "Almacén"}));
-        f->lvw_CostesDeReferencia_ColumnClick(0);
-        QCOMPARE(filas(0), (QStringList{"1.2", "A01", "B02"}));
-
-        // Sin selección.
-        lvw->setCurrentItem(nullptr);
-        lvw->clearSelection();
-        f->tlb_BotoneraCostes_ButtonClick(2);
-        f->tlb_BotoneraCostes_ButtonClick(3);
-        QCOMPARE(e().textos(), (QStringList{"Por favor, seleccione un coste de referencia para modificar",
-                                            "Por favor, seleccione un coste de referencia para eliminar"}));
-        e().limpiarCuadros();
-
-        // Eliminar: "No" deja todo; "Sí" borra la fila de la tabla y de la lista. El código no es un número.
-        lvw->setCurrentItem(lvw->topLevelItem(0));
-        e().respuestas << Respuesta::No << Respuesta::Si;
-        f->tlb_BotoneraCostes_ButtonClick(3);
-        QCOMPARE(lvw->topLevelItemCount(), 3);
-        f->findChild<QAction*>(QStringLiteral("tlb_BotoneraCostes_3"))->trigger();
-        QCOMPARE(e().textos(), QStringList(2, "¿Realmente desea eliminar de la lista el coste de referencia con código 1.2?"));
-        QCOMPARE(filas(0), (QStringList{"A01", "B02"}));
-        {
-            UsoConexion uso;
-            QCOMPARE(escalar(QStringLiteral("SELECT group_concat(CODIGO) FROM (SELECT CODIGO FROM Costes ORDER BY CODIGO)")).toString(),
-                     QStringLiteral("A01,B02"));
-        }
-        e().limpiarCuadros();
-
-        // Lo que escribe la ficha de costes.
-        f->agregarCoste(QStringLiteral("C7"), QStringLiteral("Oficinas"), QStringLiteral("Edificio"), 1.5, QVariant());
-        QTreeWidgetItem* c7 = lvw->topLevelItem(2);
-        QCOMPARE(fila(c7), QStringLiteral("KC7|Oficinas|Edificio|1,50|"));
-        lvw->setCurrentItem(c7);
-        f->reescribirCosteSeleccionado(QStringLiteral("C7"), QStringLiteral("Oficina"), QStringLiteral("Planta"), 1234.5, 2);
-        QCOMPARE(fila(c7), QStringLiteral("KC7|Oficina|Planta|1.234,50|2,00"));
-
-        // Lista vacía.
-        lvw->clear();
-        f->tlb_BotoneraCostes_ButtonClick(2);
-        QCOMPARE(e().textos(), QStringList{QStringLiteral("No hay costes de referencia en la lista")});
-        QCOMPARE(e().entradasLog(), 0);
-    }
-
-    // Selector de arquitectos y ficha de costes de verdad.
-    void aperturas()
-    {
-        frmConfiguracion::abridorSelector = nullptr;
-        frmConfiguracion* f = abrir();
-        f->img_Buscar_Click(1);
-        frmBuscarSeleccionar* s = Pantallas::cargada<frmBuscarSeleccionar>();
-        QVERIFY(s);
-        QCOMPARE(QStringList({s->Tabla, s->ClaveRetorno, QString::number(int(s->Posicion))}),
-                 (QStringList{"ARQUITECTOS_SIMPLE", "FRMCONFIGURACION_ARQUITECTO_2", "2"}));
-
-        // El alta guardada entra en la lista sin releerla.
-        f->findChild<QAction*>(QStringLiteral("tlb_BotoneraCostes_1"))->trigger();
-        frmAddModCosteReferencia* c = Pantallas::cargada<frmAddModCosteReferencia>();
-        QVERIFY(c);
-        QCOMPARE(c->tag(), QStringLiteral("ALTA"));
-        QTreeWidget* lvw = f->listaCostes();
-        const QList<QPair<const char*, const char*>> campos = {
-            {"txt_Codigo", "C9"}, {"txt_Tipo", "Oficinas"}, {"txt_Descripcion", "Edificio exento"}, {"txt_Ct", "1,3"}, {"txt_Cc", "1"}};
-        for (const auto& [campo, valor] : campos)
-            c->findChild<QLineEdit*>(QString::fromLatin1(campo))->setText(QString::fromUtf8(valor));
-        c->cmd_Guardar_Click();
-        procesarEventos();
-        QCOMPARE(lvw->topLevelItemCount(), 4);
-        QCOMPARE(claveFila(lvw->topLevelItem(3)) + lvw->topLevelItem(3)->text(1), QStringLiteral("KC9Oficinas"));
-        e().limpiarCuadros();
-
-        // Doble clic: modificar el seleccionado.
-        lvw->setCurrentItem(lvw->topLevelItem(1));
-        emit lvw->itemDoubleClicked(lvw->topLevelItem(1), 0);
-        procesarEventos();
-        c = Pantallas::cargada<frmAddModCosteReferencia>();
-        QVERIFY(c);
-        QCOMPARE(c->tag() + "|" + c->CodigoCoste, QStringLiteral("MODIFICAR|A01"));
-        QCOMPARE(e().entradasLog(), 0);
-    }
-
-    void imprimirCostes()
-    {
-        frmConfiguracion* f = abrir(3);
-        f->findChild<QAction*>(QStringLiteral("tlb_BotoneraImprimir_1"))->trigger();
-        frmVisorCrystal* v = Pantallas::cargada<frmVisorCrystal>();
-        QVERIFY(v);
-        QCOMPARE(v->windowTitle(), QStringLiteral("Listado de Costes de referencia"));
-        QVERIFY(v->numeroPaginas() >= 1);
-        QCOMPARE(e().entradasLog(), 0);
-    }
 };
 
 QTEST_MAIN(tst_configuracion)

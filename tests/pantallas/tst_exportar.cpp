@@ -197,7 +197,6 @@ private slots:
         QTest::newRow("todos") << QString() << QString() << QString() << QStringList{t, m, l, a} << QStringList{};
         QTest::newRow("igual, día mayor que 12") << QStringLiteral("=") << QStringLiteral("30112007") << QString() << QStringList{m}
                                                  << QStringList{t, l, a};
-        QTest::newRow("desde") << QStringLiteral(">=") << QStringLiteral("01012008") << QString() << QStringList{l} << QStringList{t, m, a};
         QTest::newRow("entre") << QStringLiteral("Entre") << QStringLiteral("01032007") << QStringLiteral("31122007") << QStringList{t, m}
                                << QStringList{l, a};
     }

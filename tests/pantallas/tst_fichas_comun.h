@@ -1,5 +1,5 @@
 #pragma once
-// Ayudas de las pruebas de las fichas: abrir por la lista, escribir en los controles por su
+// Ayudas de las pruebas de las fichas: abrir por la lista, escribir y leer controles por su
 // nombre, leer filas de la base de datos y receptores de prueba con nombre de pantalla.
 #include "app/frmMenu.h"
 #include "core/modFunciones.h"
@@ -8,7 +8,6 @@
 
 #include <QAbstractButton>
 #include <QComboBox>
-#include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QPointer>
@@ -18,18 +17,14 @@
 
 namespace fichas {
 
-// Abre la ficha como lo hace la lista ("Nuevo", "Editar").
+// Entorno de prueba ya conectado a su base de datos.
+struct Entorno : EntornoPrueba { Entorno() { conectar(); } };
+
+// Abre la ficha como lo hace la lista ("ALTA", "MODIFICAR").
 template <class T>
 T* abrir(const QString& tabla, const QString& operacion, qint64 codigo = 0, const QString& claveRetorno = {})
 {
-    PeticionFicha p;
-    p.tabla = tabla;
-    p.operacion = operacion;
-    p.codigo = codigo;
-    p.claveRetorno = claveRetorno;
-    if (!abrirFicha(p))
-        return nullptr;
-    return Pantallas::cargada<T>();
+    return abrirFicha({.tabla = tabla, .tipoImpreso = {}, .operacion = operacion, .codigo = codigo, .codigoTexto = {}, .claveRetorno = claveRetorno}) ? Pantallas::cargada<T>() : nullptr;
 }
 
 inline QWidget* control(QWidget* f, const QString& nombre)
@@ -40,15 +35,15 @@ inline QWidget* control(QWidget* f, const QString& nombre)
     return w;
 }
 
+// Propiedad del texto de cada clase de control.
+inline const char* propiedad(QWidget* w)
+{
+    return qobject_cast<QComboBox*>(w) ? "currentText" : qobject_cast<QPlainTextEdit*>(w) ? "plainText" : "text";
+}
+
 inline void poner(QWidget* f, const QString& nombre, const QString& texto)
 {
-    QWidget* w = control(f, nombre);
-    if (auto* t = qobject_cast<QLineEdit*>(w))
-        t->setText(texto);
-    else if (auto* c = qobject_cast<QComboBox*>(w))
-        c->setEditText(texto);
-    else if (auto* p = qobject_cast<QPlainTextEdit*>(w))
-        p->setPlainText(texto);
+    control(f, nombre)->setProperty(propiedad(control(f, nombre)), texto);
 }
 
 // Varios controles de una vez: {{"txt_Nombre", "Ana"}, ...}.
@@ -60,16 +55,7 @@ inline void poner(QWidget* f, const QList<QPair<QString, QString>>& pares)
 
 inline QString leer(QWidget* f, const QString& nombre)
 {
-    QWidget* w = control(f, nombre);
-    if (auto* t = qobject_cast<QLineEdit*>(w))
-        return t->text();
-    if (auto* c = qobject_cast<QComboBox*>(w))
-        return c->currentText();
-    if (auto* p = qobject_cast<QPlainTextEdit*>(w))
-        return p->toPlainText();
-    if (auto* l = qobject_cast<QLabel*>(w))
-        return l->text();
-    return {};
+    return control(f, nombre)->property(propiedad(control(f, nombre))).toString();
 }
 
 inline QStringList leer(QWidget* f, const QStringList& nombres)
@@ -83,29 +69,20 @@ inline QStringList leer(QWidget* f, const QStringList& nombres)
 // Teclea carácter a carácter, también los que no son ASCII ("ñ", acentos).
 inline void teclear(QWidget* w, const QString& texto)
 {
-    for (const QChar c : texto) {
-        if (c.unicode() < 128) {
-            QTest::keyClick(w, c.toLatin1());
-        } else {
-            QTest::sendKeyEvent(QTest::Press, w, Qt::Key_unknown, QString(c), Qt::NoModifier);
-            QTest::sendKeyEvent(QTest::Release, w, Qt::Key_unknown, QString(c), Qt::NoModifier);
-        }
-    }
+    for (const QChar c : texto)
+        for (const auto accion : {QTest::Press, QTest::Release})
+            QTest::sendKeyEvent(accion, w, c.unicode() < 128 ? QTest::asciiToKey(c.toLatin1()) : Qt::Key_unknown, QString(c), Qt::NoModifier);
 }
 
+inline QAbstractButton* boton(QWidget* f, const QString& nombre) { return qobject_cast<QAbstractButton*>(control(f, nombre)); }
+inline void pulsar(QWidget* f, const QString& nombre) { boton(f, nombre)->click(); }
 // Persona (0) o sociedad (1).
-inline void tipo(QWidget* f, int indice) { qobject_cast<QAbstractButton*>(control(f, QStringLiteral("opt_Tipo_%1").arg(indice)))->setChecked(true); }
-inline bool tipoMarcado(QWidget* f, int indice) { return qobject_cast<QAbstractButton*>(control(f, QStringLiteral("opt_Tipo_%1").arg(indice)))->isChecked(); }
-
-inline void pulsar(QWidget* f, const QString& nombre) { qobject_cast<QAbstractButton*>(control(f, nombre))->click(); }
+inline QAbstractButton* tipo(QWidget* f, int indice) { return boton(f, QStringLiteral("opt_Tipo_%1").arg(indice)); }
 
 inline bool abierta(QWidget* f)
 {
     procesarEventos();
-    for (QWidget* w : Pantallas::cargadas())
-        if (w == f)
-            return true;
-    return false;
+    return Pantallas::cargadas().contains(f);
 }
 
 // Una fila de una consulta, como lista de valores (vacía si no hay fila).
@@ -133,8 +110,7 @@ inline void sql(const QString& texto, const QVariantList& valores = {})
 }
 
 // Receptor de prueba de las pantallas que aún no existen: el nombre de la real y sus cajas.
-class Receptor : public Pantalla {
-public:
+struct Receptor : Pantalla {
     Receptor(const QString& nombre, const QStringList& cajas)
     {
         setObjectName(nombre);
@@ -146,10 +122,8 @@ public:
 // Limpieza común tras cada prueba: sin pantallas ni menú, y sin transacción pendiente.
 inline void limpiar()
 {
-    QList<QPointer<QWidget>> abiertas;
-    for (QWidget* w : Pantallas::cargadas())
-        abiertas << w;
-    for (const QPointer<QWidget>& w : abiertas)
+    const QList<QWidget*> cargadas = Pantallas::cargadas();
+    for (const QPointer<QWidget>& w : QList<QPointer<QWidget>>(cargadas.begin(), cargadas.end()))
         delete w.data();
     delete frmMenu::existente();
     procesarEventos();
