@@ -54,7 +54,7 @@ QList<Columna> columnas(std::initializer_list<const char*> nombres)
     return r;
 }
 
-Listado listadoDe(const QString& tabla, const FiltroProyectos& filtro)
+Listado listadoDe(const QString& tabla, const modInformes::FiltroFecha& filtro)
 {
     const QList<Columna> personal = columnas({"Nombre_Cli", "Ape_Cli", "NIF", "NumColegiado", "Dirección_Cli", "cp",
                                               "Municipio_Cli", "Provincia_Cli", "Tfno_Cli", "Tfno_Cli1", "TelMovil",
@@ -89,24 +89,11 @@ Listado listadoDe(const QString& tabla, const FiltroProyectos& filtro)
     if (filtro.vacio())
         return l;
 
-    const QString campo = filtro.campo == FiltroProyectos::Campo::FechaVisado ? QStringLiteral("EXPFV")
-                                                                               : QStringLiteral("EXPFFO");
-    const QString iso = QStringLiteral("yyyy-MM-dd");
-    if (!filtro.fecha1.isValid())
+    const bool entre = filtro.operador == modInformes::FiltroFecha::Operador::Entre;
+    if (!filtro.fecha1.isValid() || (entre && !filtro.fecha2.isValid()))
         lanzarError(ERR_FORMATO, QStringLiteral("Filtro de proyectos sin fecha"));
-    if (filtro.operador == u"Entre") {
-        if (!filtro.fecha2.isValid())
-            lanzarError(ERR_FORMATO, QStringLiteral("Filtro de proyectos \"Entre\" sin segunda fecha"));
-        l.sql += QStringLiteral(" WHERE ") + campo + QStringLiteral(" BETWEEN ? AND ?");
-        l.valores = {filtro.fecha1.toString(iso), filtro.fecha2.toString(iso)};
-    } else {
-        static const QStringList operadores = {QStringLiteral("="), QStringLiteral(">"), QStringLiteral("<"),
-                                               QStringLiteral(">="), QStringLiteral("<=")};
-        if (!operadores.contains(filtro.operador))
-            lanzarError(ERR_FORMATO, QStringLiteral("Operador de filtro desconocido: ") + filtro.operador);
-        l.sql += QStringLiteral(" WHERE ") + campo + QLatin1Char(' ') + filtro.operador + QStringLiteral(" ?");
-        l.valores = {filtro.fecha1.toString(iso)};
-    }
+    // La misma condición, con sus valores enlazados, que la del listado de proyectos.
+    l.sql += QStringLiteral(" WHERE ") + filtro.condicion(&l.valores);
     return l;
 }
 
@@ -516,7 +503,7 @@ bool copiarFicheroExcel(const QString& plantilla, const QString& destino)
     });
 }
 
-int escribirExcel(const QString& fichero, const QString& tabla, const FiltroProyectos& filtro)
+int escribirExcel(const QString& fichero, const QString& tabla, const modInformes::FiltroFecha& filtro)
 {
     int filas = -1;
     guardia(MODULO, QStringLiteral("escribirExcel"), [&] {

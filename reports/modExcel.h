@@ -1,4 +1,6 @@
 #pragma once
+#include "reports/modInformes.h"
+
 #include <QDate>
 #include <QString>
 
@@ -8,20 +10,8 @@
 // Uso desde la barra de exportación:
 //     if (copiarFicheroExcel("Plantilla_ListadoClientes.xlsx", destino))
 //         escribirExcel(destino, "CLIENTES");
-// Proyectos, con el filtro de frmFiltrarProyectos:
-//     FiltroProyectos f{FiltroProyectos::Campo::FechaVisado, "Entre", desde, hasta};
-//     escribirExcel(destino, "PROYECTOS_A", f);
-
-// Filtro de fechas del listado de proyectos. Sin campo: todos los proyectos.
-struct FiltroProyectos {
-    enum class Campo { Ninguno, FechaVisado, FechaFinObra };  // ninguno, EXPFV, EXPFFO
-    Campo campo = Campo::Ninguno;
-    QString operador;  // "=", ">", "<", ">=", "<=" o "Entre", como en cbo_Operador
-    QDate fecha1;
-    QDate fecha2;      // sólo con "Entre" (ambos extremos incluidos)
-
-    bool vacio() const { return campo == Campo::Ninguno; }
-};
+// Proyectos, con el filtro de fechas de frmFiltrarProyectos (el mismo que el del listado):
+//     escribirExcel(destino, "PROYECTOS_A", modInformes::FiltroFecha::desdeTextos("Fecha de visado", "Entre", desde, hasta));
 
 // Copia directorio del programa + "/Excel/" + plantilla sobre destino, reemplazándolo
 // de una vez (nunca queda un fichero a medias). Un fallo se anota en el registro y da false.
@@ -33,4 +23,4 @@ bool copiarFicheroExcel(const QString& plantilla, const QString& destino);
 // fichero de una vez y la abre con su programa. Devuelve las filas escritas, o -1 si no se ha
 // podido escribir (el fallo queda en el registro con "escribirExcel" y "modExcel"). Sin programa
 // que abra el libro avisa al usuario; el fichero queda escrito igualmente.
-int escribirExcel(const QString& fichero, const QString& tabla, const FiltroProyectos& filtro = {});
+int escribirExcel(const QString& fichero, const QString& tabla, const modInformes::FiltroFecha& filtro = {});

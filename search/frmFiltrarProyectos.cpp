@@ -117,16 +117,10 @@ void frmFiltrarProyectos::cmd_Ver_Click()
         QApplication::setOverrideCursor(Qt::WaitCursor);
         // El filtro va como valores enlazados: las fechas se comparan como fechas.
         modInformes::FiltroFecha filtro;
-        FiltroProyectos filtroExcel;
         if (ui->opt_Opcion_1->isChecked()) {
             const QDate f1 = leerFecha(ui->msk_Fecha_1->displayText());
             const QDate f2 = leerFecha(ui->msk_Fecha_2->displayText());
             filtro = modInformes::FiltroFecha::desdeTextos(ui->cbo_Fecha->currentText(), ui->cbo_Operador->currentText(), f1, f2);
-            filtroExcel.campo = filtro.campo == modInformes::FiltroFecha::Campo::FechaFinObra ? FiltroProyectos::Campo::FechaFinObra
-                                                                                            : FiltroProyectos::Campo::FechaVisado;
-            filtroExcel.operador = ui->cbo_Operador->currentText();
-            filtroExcel.fecha1 = f1;
-            filtroExcel.fecha2 = f2;
         }
         auto estado = [this](const QString& t) {
             if (Origen.estado)
@@ -150,7 +144,7 @@ void frmFiltrarProyectos::cmd_Ver_Click()
             frmVisorCrystal::mostrarInforme(QStringLiteral("Listado de proyectos"));
         } else if (Accion == 2) {
             const QString destino = leerAjuste(QStringLiteral("EXPORTACION"), QStringLiteral("rutaExcel")) + QStringLiteral("ListadoDeProyectos.xlsx");
-            escribirExcel(destino, QStringLiteral("PROYECTOS_A"), filtroExcel);
+            escribirExcel(destino, QStringLiteral("PROYECTOS_A"), filtro);
         } else {
             const QString ruta = leerAjuste(QStringLiteral("EXPORTACION"), QStringLiteral("rutaPdf"));
             if (ruta.isEmpty()) {

@@ -200,13 +200,14 @@ private slots:
         QTest::addColumn<QString>("operador");
         QTest::addColumn<QList<QDate>>("fechas");
         QTest::addColumn<QStringList>("esperados");
-        const int no = int(FiltroProyectos::Campo::Ninguno), fv = int(FiltroProyectos::Campo::FechaVisado);
+        using Campo = modInformes::FiltroFecha::Campo;
+        const int no = int(Campo::Ninguno), fv = int(Campo::FechaVisado);
         const QDate d13(2024, 3, 13);
         QTest::newRow("tabla vacía") << no << "" << QList<QDate>{} << QStringList{};
         QTest::newRow("todos") << no << "" << QList<QDate>{} << QStringList{"1", "2", "3", "4"};
         QTest::newRow("visado =") << fv << "=" << QList<QDate>{d13} << QStringList{"2"};
         QTest::newRow("visado entre") << fv << "Entre" << QList<QDate>{d13, QDate(2024, 3, 15)} << QStringList{"2", "3"};
-        QTest::newRow("fin de obra >=") << int(FiltroProyectos::Campo::FechaFinObra) << ">=" << QList<QDate>{QDate(2025, 1, 31)}
+        QTest::newRow("fin de obra >=") << int(Campo::FechaFinObra) << ">=" << QList<QDate>{QDate(2025, 1, 31)}
                                         << QStringList{"1", "4"};
     }
 
@@ -224,7 +225,11 @@ private slots:
             insertarProyecto("4", QVariant(), "2025-01-31");
         }
         const QString destino = copia(P_PROYECTOS, "Seleccion.xlsx");
-        QCOMPARE(escribirExcel(destino, "PROYECTOS_A", {FiltroProyectos::Campo(campo), operador, fechas.value(0), fechas.value(1)}), int(esperados.size()));
+        modInformes::FiltroFecha filtro;
+        if (campo != int(modInformes::FiltroFecha::Campo::Ninguno))
+            filtro = modInformes::FiltroFecha::desdeTextos(campo == int(modInformes::FiltroFecha::Campo::FechaFinObra) ? "Fecha fin de obra" : "Fecha de visado",
+                                                           operador, fechas.value(0), fechas.value(1));
+        QCOMPARE(escribirExcel(destino, "PROYECTOS_A", filtro), int(esperados.size()));
         QVERIFY(!BaseDatos::estaAbierta());
         QCOMPARE(columnaA(destino), esperados);
         QCOMPARE(bytes(destino) == bytes(plantilla(P_PROYECTOS)), vacia);
