@@ -185,7 +185,10 @@ void frmInicio::tmr_1_Timer()
     hide();
     deleteLater();
     frmMenu* menu = frmMenu::instancia();
-    menu->show();
+    // Maximizada: las pantallas hijas caben enteras (sin gestor de ventanas, ocupa la pantalla).
+    if (QScreen* pantalla = QGuiApplication::primaryScreen())
+        menu->setGeometry(pantalla->availableGeometry());
+    menu->showMaximized();
     if (m_abrirConfiguracion)
         menu->abrirConfiguracion(1);
 }

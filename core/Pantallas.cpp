@@ -62,6 +62,11 @@ void mostrar(QWidget* w)
             sub->setWindowIcon(w->windowIcon());
         }
         sub->adjustSize();
+        // Una pantalla más alta o más ancha que el área se ajusta a ella para que sus botones se vean.
+        const QSize libre = area()->viewport()->size();
+        if (sub->width() > libre.width() || sub->height() > libre.height())
+            sub->resize(sub->width() > libre.width() ? qMax(libre.width(), sub->minimumSizeHint().width()) : sub->width(),
+                        sub->height() > libre.height() ? qMax(libre.height(), sub->minimumSizeHint().height()) : sub->height());
         centrar(sub);
         sub->show();
         w->show();
