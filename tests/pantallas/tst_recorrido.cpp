@@ -3,6 +3,7 @@
 // proyecto abierto de nuevo tal como se guardó.
 #include "app/frmMenu.h"
 #include "core/modFunciones.h"
+#include "masterdata/FichaRegistro.h"
 #include "masterdata/frmCliente.h"
 #include "masterdata/frmConfiguracion.h"
 #include "masterdata/frmProyecto.h"
@@ -10,6 +11,8 @@
 #include "masterdata/frmArquitecto.h"
 #include "search/frmBuscarSeleccionar.h"
 #include "search/frmSeleccionarTipoPerceptor.h"
+#include "search/ModeloResultados.h"
+#include "forms/AbrirImpreso.h"
 #include "tests/comun/EntornoPrueba.h"
 
 #include <QLineEdit>
@@ -184,6 +187,69 @@ private slots:
         s->cmd_Seleccionar_Click();
         QCOMPARE(texto(p, "txt_AutorProyecto"), QStringLiteral("Marta"));
         Pantallas::descargar(p);
+    }
+
+    // Cada receptor construido recibe la fila elegida (o las marcadas) por el selector.
+    void devolucionDelSelector_data()
+    {
+        QTest::addColumn<QString>("pantalla");
+        QTest::addColumn<QString>("tabla");
+        QTest::addColumn<QString>("llamada");
+        QTest::addColumn<QString>("retorno");
+        QTest::addColumn<QString>("control");
+        QTest::addColumn<QString>("esperado");
+        const QString enProyecto = QStringLiteral("SELECCIONAR_EN_PROYECTOS");
+        QTest::newRow("aparejadores marcados") << "frmProyecto" << "APAREJADORES" << enProyecto << "FRMPROYECTO_APAREJADOR" << "txt_Aparejador"
+                                               << "Pablo Ortega, Eva Sanz";  // en el orden de la lista: por apellidos
+        QTest::newRow("constructores marcados") << "frmProyecto" << "CONTRATISTAS" << enProyecto << "FRMPROYECTO_CONSTRUCTOR" << "txt_Constructor"
+                                                << "Obras Duero SA";
+        QTest::newRow("coordinador") << "frmProyecto" << "COORDINADOR_SS" << enProyecto << "FRMPROYECTO_COORDINADOR" << "txt_CoordinadorSyS"
+                                     << "Ana Ruiz";
+        QTest::newRow("proyecto del A1") << "frmDatosImpreso_A1" << "PROYECTOS_A" << "SELECCIONAR_EN_IMPRESO_A1" << "FRMDATOSIMPRESOA1_PROYECTO"
+                                         << "txt_Proyecto" << "Nave agrícola";
+    }
+
+    void devolucionDelSelector()
+    {
+        QFETCH(QString, pantalla);
+        QFETCH(QString, tabla);
+        QFETCH(QString, llamada);
+        QFETCH(QString, retorno);
+        QFETCH(QString, control);
+        QFETCH(QString, esperado);
+        EntornoPrueba e;
+        e.conectar();
+        {
+            UsoConexion uso;
+            ejecutar(QStringLiteral("INSERT INTO Config (IVA, IRPF) VALUES (16, 15)"));
+            const QString sql = QStringLiteral("INSERT INTO OTROS (Codigo_Cli, Categoria, esS, NumColegiado, Nombre_Cli, Ape_Cli) VALUES (?, ?, 0, ?, ?, ?)");
+            ejecutar(sql, {1, QStringLiteral("ARQUITECTO"), 11, QStringLiteral("Ana"), QStringLiteral("Ruiz")});
+            ejecutar(sql, {2, QStringLiteral("ARQUITECTO TECNICO"), 22, QStringLiteral("Eva"), QStringLiteral("Sanz")});
+            ejecutar(sql, {3, QStringLiteral("ARQUITECTO TECNICO"), 23, QStringLiteral("Pablo"), QStringLiteral("Ortega")});
+            ejecutar(sql, {4, QStringLiteral("CONSTRUCTOR"), 0, QStringLiteral("Obras Duero SA"), QVariant()});
+            ejecutar(QStringLiteral("INSERT INTO Proyectos_A (PryCod, EXPNUM, Trabajo) VALUES (7, '2008/1', 'Nave agrícola')"));
+        }
+        frmMenu::instancia()->show();
+        PeticionFicha nueva;
+        nueva.tabla = pantalla == QLatin1String("frmProyecto") ? QStringLiteral("PROYECTOS_A") : QStringLiteral("DATOSA1B2");
+        nueva.tipoImpreso = QStringLiteral("A1");
+        nueva.operacion = QStringLiteral("ALTA");
+        QVERIFY(abrirFicha(nueva));
+        QWidget* receptor = Devolucion::receptor(pantalla);
+        QVERIFY(receptor);
+        frmBuscarSeleccionar* s = frmBuscarSeleccionar::abrir(tabla, llamada, QStringLiteral("Buscar"), retorno);
+        // En las listas con casillas se marcan todas; en las demás se elige la primera fila.
+        for (int i = 0; i < s->modelo()->rowCount(); ++i)
+            s->modelo()->setMarcada(i, true);
+        s->seleccionarFila(0);
+        s->cmd_Seleccionar_Click();
+        procesarEventos();
+        QVERIFY(!Pantallas::cargada<frmBuscarSeleccionar>());
+        QCOMPARE(texto(receptor, control.toLatin1().constData()), esperado);
+        if (pantalla != QLatin1String("frmProyecto"))
+            QCOMPARE(texto(receptor, "txt_CodProyecto"), QStringLiteral("7"));
+        e.respuestas << Respuesta::No;  // salir sin guardar
+        Pantallas::descargar(receptor);
     }
 
     void eleccionDelTipoDePerceptor()
