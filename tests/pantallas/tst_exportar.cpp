@@ -3,7 +3,9 @@
 #include "core/modFunciones.h"
 #include "masterdata/frmConfiguracion.h"
 #include "reports/frmVisorCrystal.h"
+#include "search/AbrirBusqueda.h"
 #include "search/ExportarListados.h"
+#include "search/frmBuscar.h"
 #include "search/frmFiltrarProyectos.h"
 #include "tests/comun/EntornoPrueba.h"
 
@@ -233,6 +235,28 @@ private slots:
         QCOMPARE(m_estados.last(), QStringLiteral("Número de registros hallados: 7"));
         procesarEventos();
         QVERIFY(!Pantallas::cargada<frmFiltrarProyectos>());
+    }
+
+    // El cuarto botón de la lista de un impreso: el informe sobre su tabla temporal vacía.
+    void impresoEnBlanco()
+    {
+        EntornoPrueba e;
+        e.conectar();
+        {
+            UsoConexion uso;
+            ejecutar(QStringLiteral("INSERT INTO A1B2 (PRYNOM) VALUES ('de la vista anterior')"));
+        }
+        abrirBusqueda(QStringLiteral("DATOSA1B2"), QStringLiteral("A1"), QStringLiteral("Impresos"));
+        frmBuscar* b = Pantallas::cargada<frmBuscar>();
+        QVERIFY(b);
+        b->tlb_BotoneraExportar_ButtonClick(4);
+        auto* visor = Pantallas::cargada<frmVisorCrystal>();
+        QVERIFY(visor);
+        QCOMPARE(visor->windowTitle(), QStringLiteral("Comunicación de encargo profesional"));
+        QVERIFY(visor->numeroPaginas() >= 1);
+        UsoConexion uso;
+        QCOMPARE(escalar(QStringLiteral("SELECT count(*) FROM A1B2")).toInt(), 0);
+        QVERIFY(e.cuadros.isEmpty());
     }
 };
 
