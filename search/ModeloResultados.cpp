@@ -9,16 +9,9 @@ ModeloResultados::ModeloResultados(QObject* padre) : QAbstractTableModel(padre) 
 
 void ModeloResultados::setTitulos(const QStringList& titulos)
 {
-    beginResetModel();
     m_titulos = titulos;
     m_ancho = static_cast<int>(titulos.size()) + 1;
-    m_texto.clear();
-    m_inicio.assign(1, 0);
-    m_orden.clear();
-    m_marcas.clear();
-    m_filas = 0;
-    olvidarClaves();
-    endResetModel();
+    vaciar();
 }
 
 void ModeloResultados::setCasillas(bool casillas) { m_casillas = casillas; }

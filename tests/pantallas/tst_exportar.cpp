@@ -45,6 +45,18 @@ void proyectos()
                   f.visado ? QVariant(QString::fromLatin1(f.visado)) : QVariant(QMetaType(QMetaType::QString))});
 }
 
+// Elige "Por fecha" con el tipo de fecha, el operador y las fechas tecleadas.
+void porFecha(QWidget* f, int fecha, const QString& operador, const QString& f1, const QString& f2)
+{
+    f->findChild<QRadioButton*>(QStringLiteral("opt_Opcion_1"))->setChecked(true);
+    f->findChild<QComboBox*>(QStringLiteral("cbo_Fecha"))->setCurrentIndex(fecha);
+    auto* op = f->findChild<QComboBox*>(QStringLiteral("cbo_Operador"));
+    op->setCurrentIndex(op->findText(operador));
+    emit op->activated(op->currentIndex());
+    QTest::keyClicks(f->findChild<QLineEdit*>(QStringLiteral("msk_Fecha_1")), f1);
+    QTest::keyClicks(f->findChild<QLineEdit*>(QStringLiteral("msk_Fecha_2")), f2);
+}
+
 }  // namespace
 
 class tst_exportar : public QObject {
@@ -175,13 +187,7 @@ private slots:
         EntornoPrueba e;
         e.conectar();
         auto* f = frmFiltrarProyectos::abrir(1, llamador());
-        f->findChild<QRadioButton*>(QStringLiteral("opt_Opcion_1"))->setChecked(true);
-        f->findChild<QComboBox*>(QStringLiteral("cbo_Fecha"))->setCurrentIndex(fecha);
-        auto* op = f->findChild<QComboBox*>(QStringLiteral("cbo_Operador"));
-        op->setCurrentIndex(op->findText(operador));
-        emit op->activated(op->currentIndex());
-        QTest::keyClicks(f->findChild<QLineEdit*>(QStringLiteral("msk_Fecha_1")), f1);
-        QTest::keyClicks(f->findChild<QLineEdit*>(QStringLiteral("msk_Fecha_2")), f2);
+        porFecha(f, fecha, operador, f1, f2);
         f->cmd_Ver_Click();
         QCOMPARE(e.textos(), QStringList{mensaje});
         QVERIFY(Pantallas::cargada<frmFiltrarProyectos>());  // se queda abierta
@@ -216,15 +222,8 @@ private slots:
         escribirAjuste(QStringLiteral("EXPORTACION"), QStringLiteral("rutaPdf"), e.directorio() + QStringLiteral("/"));
         e.respuestas << Respuesta::No;
         auto* f = frmFiltrarProyectos::abrir(3, llamador());
-        if (!operador.isEmpty()) {
-            f->findChild<QRadioButton*>(QStringLiteral("opt_Opcion_1"))->setChecked(true);
-            f->findChild<QComboBox*>(QStringLiteral("cbo_Fecha"))->setCurrentIndex(0);
-            auto* op = f->findChild<QComboBox*>(QStringLiteral("cbo_Operador"));
-            op->setCurrentIndex(op->findText(operador));
-            emit op->activated(op->currentIndex());
-            QTest::keyClicks(f->findChild<QLineEdit*>(QStringLiteral("msk_Fecha_1")), f1);
-            QTest::keyClicks(f->findChild<QLineEdit*>(QStringLiteral("msk_Fecha_2")), f2);
-        }
+        if (!operador.isEmpty())
+            porFecha(f, 0, operador, f1, f2);
         f->cmd_Ver_Click();
         QCOMPARE(e.textos(), QStringList{QStringLiteral("¿Desea abrir el documento creado?")});
         const QString texto = textoPdf(e.directorio() + QStringLiteral("/ListadoDeProyectos.pdf"));
