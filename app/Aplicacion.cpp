@@ -3,6 +3,7 @@
 #include "app/frmInicio.h"
 #include "core/BaseDatos.h"
 #include "core/Iconos.h"
+#include "core/Programa.h"
 #include "core/Rutas.h"
 #include "reports/modInformes.h"
 
@@ -20,8 +21,6 @@ static void iniciarRecursosNucleo() { Q_INIT_RESOURCE(recursos); }
 namespace Aplicacion {
 
 namespace {
-bool finPedido = false;
-bool bucleEnMarcha = false;  // sólo se sale del bucle principal si ya corre
 std::unique_ptr<QLockFile>& cerrojo()
 {
     static std::unique_ptr<QLockFile> c;
@@ -63,19 +62,9 @@ bool hayOtraInstancia()
 
 void liberarInstancia() { cerrojo().reset(); }
 
-void terminar()
-{
-    finPedido = true;
-    BaseDatos::cerrar();
-    if (bucleEnMarcha)
-        QCoreApplication::exit(0);
-}
-
-bool terminado() { return finPedido; }
-
 void reiniciar()
 {
-    finPedido = false;
+    Programa::reiniciar();
     liberarInstancia();
     rutaBD.clear();
     cadenaConexion.clear();
@@ -91,14 +80,14 @@ int ejecutar(int argc, char* argv[])
 
     auto* inicio = new frmInicio;
     inicio->Form_Load();
-    if (terminado()) {
+    if (Programa::terminado()) {
         delete inicio;
         liberarInstancia();
         return 0;
     }
-    bucleEnMarcha = true;
+    Programa::bucleEnMarcha(true);
     const int codigo = QApplication::exec();
-    bucleEnMarcha = false;
+    Programa::bucleEnMarcha(false);
     liberarInstancia();
     return codigo;
 }

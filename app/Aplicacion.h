@@ -8,9 +8,6 @@ namespace Aplicacion {
 void prepararEntorno();  // locale español, traducciones de Qt, recursos (también en pruebas)
 int ejecutar(int argc, char* argv[]);
 
-// Termina el programa (el "End" de las rutinas): cierra la conexión y sale del bucle.
-void terminar();
-bool terminado();
 void reiniciar();  // pruebas: vuelve al estado de un programa recién lanzado
 
 // Una sola instancia por instalación: true si otro programa de este directorio ya corre.

@@ -2,6 +2,7 @@
 
 #include "app/Aplicacion.h"
 #include "core/modFunciones.h"
+#include "core/Programa.h"
 #include "ui_frmAyudaSeleccionBD.h"
 
 #include <QDir>
@@ -29,13 +30,13 @@ void frmAyudaSeleccionBD::Form_Unload()
     const QString ruta = cambiarRuta(this, 1);
     if (ruta.isEmpty()) {
         Mensajes::aviso(QStringLiteral("Para que el programa funcione es necesario seleccionar la ubicación de la base de datos del programa"));
-        Aplicacion::terminar();
+        Programa::terminar();
         return;
     }
     if (!QFileInfo::exists(ruta + BaseDatos::NOMBRE_FICHERO)) {
         Mensajes::aviso(QStringLiteral("El directorio seleccionado no contiene la base de datos del programa.") + QStringLiteral("\n")
                         + QStringLiteral("Por favor, seleccione la ruta en la que instaló la base de datos"));
-        Aplicacion::terminar();
+        Programa::terminar();
         return;
     }
     const QString programa = Rutas::directorioPrograma();

@@ -6,6 +6,7 @@
 #include "app/frmMenu.h"
 #include "core/Iconos.h"
 #include "core/modFunciones.h"
+#include "core/Programa.h"
 #include "ui_frmInicio.h"
 
 #include <QApplication>
@@ -47,7 +48,7 @@ void frmInicio::Form_Load()
     // 1-2: barra a 5; una segunda instancia termina sin decir nada.
     fijarBarra(5);
     if (Aplicacion::hayOtraInstancia()) {
-        Aplicacion::terminar();
+        Programa::terminar();
         return;
     }
     // 3-4: el dibujo del arranque, y la pantalla a la vista mientras se comprueba todo.
@@ -60,7 +61,7 @@ void frmInicio::Form_Load()
 
     // 5: ubicación de la base de datos (avanza la barra dos veces).
     comprobarBD();
-    if (Aplicacion::terminado())
+    if (Programa::terminado())
         return;
     pasoBarra();
 
@@ -70,7 +71,7 @@ void frmInicio::Form_Load()
                         + QStringLiteral("Puede que haya sido borrado o cambiado de su ubicación.") + SALTO + SALTO
                         + QStringLiteral("A continuación el programa se cerrará. Cuando lo vuelva a ejecutar se le solicitará que indique la ubicación de la base de datos."));
         escribirAjuste(QStringLiteral("Opciones"), QStringLiteral("inicio"), QStringLiteral("0"));
-        Aplicacion::terminar();
+        Programa::terminar();
         return;
     }
 
@@ -105,7 +106,7 @@ void frmInicio::comprobarBD()
         } else {
             frmAyudaSeleccionBD asistente;
             asistente.exec();
-            if (Aplicacion::terminado())
+            if (Programa::terminado())
                 return;
         }
         pasoBarra();
@@ -196,7 +197,7 @@ void frmInicio::tmr_1_Timer()
 void frmInicio::keyPressEvent(QKeyEvent* e)
 {
     if (m_fallido && e->key() == Qt::Key_Escape) {
-        Aplicacion::terminar();
+        Programa::terminar();
         close();
         return;
     }
@@ -206,7 +207,7 @@ void frmInicio::keyPressEvent(QKeyEvent* e)
 void frmInicio::mousePressEvent(QMouseEvent* e)
 {
     if (m_fallido) {
-        Aplicacion::terminar();
+        Programa::terminar();
         close();
         return;
     }

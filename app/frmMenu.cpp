@@ -6,6 +6,7 @@
 #include "core/Documentos.h"
 #include "core/Iconos.h"
 #include "core/modFunciones.h"
+#include "core/Programa.h"
 #include "masterdata/frmConfiguracion.h"
 #include "search/AbrirBusqueda.h"
 #include "tools/frmCopiaSeguridad.h"
@@ -285,7 +286,7 @@ void frmMenu::closeEvent(QCloseEvent* e)
         }
         if (copia.isEmpty() || copia == QLatin1String("0")) {
             BaseDatos::cerrar();
-            Aplicacion::terminar();
+            Programa::terminar();
         }
     });
     if (cancelar) {

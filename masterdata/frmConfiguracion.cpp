@@ -1,8 +1,8 @@
 #include "masterdata/frmConfiguracion.h"
 
-#include "app/Aplicacion.h"
 #include "core/Iconos.h"
 #include "core/modFunciones.h"
+#include "core/Programa.h"
 #include "masterdata/FichaRegistro.h"
 #include "masterdata/frmAddModCosteReferencia.h"
 #include "masterdata/Porcentajes.h"
@@ -388,7 +388,7 @@ void frmConfiguracion::cmd_Cambiar_Click()
         if (ruta.isEmpty())
             return;
         ui->txt_RutaBD->setText(ruta);
-        Aplicacion::terminar();
+        Programa::terminar();
     });
 }
 

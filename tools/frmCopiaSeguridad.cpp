@@ -1,7 +1,7 @@
 #include "tools/frmCopiaSeguridad.h"
 
-#include "app/Aplicacion.h"
 #include "core/modFunciones.h"
+#include "core/Programa.h"
 
 #include <QCheckBox>
 #include <QHBoxLayout>
@@ -49,6 +49,6 @@ bool frmCopiaSeguridad::alDescargar()
     escribirAjuste(QStringLiteral("Opciones"), QStringLiteral("copia"),
                    chk_RecordarCopia->isChecked() ? QStringLiteral("1") : QStringLiteral("0"));
     if (salirAlTerminar)
-        Aplicacion::terminar();
+        Programa::terminar();
     return true;
 }

@@ -4,6 +4,7 @@
 #include "app/frmInicio.h"
 #include "app/frmMenu.h"
 #include "core/modFunciones.h"
+#include "core/Programa.h"
 #include "masterdata/frmConfiguracion.h"
 #include "tests/comun/EntornoPrueba.h"
 #include "tools/frmCopiaSeguridad.h"
@@ -78,7 +79,7 @@ private slots:
         EntornoPrueba e;
         e.respuestas << Respuesta::Si;  // revisar los tipos por defecto
         frmInicio* ini = arrancar();
-        QVERIFY(!Aplicacion::terminado());
+        QVERIFY(!Programa::terminado());
         QVERIFY(ini->temporizadorActivo());
         QCOMPARE(e.cuadros.size(), 1);
         QCOMPARE(e.cuadros[0].titulo, QStringLiteral("Aviso"));
@@ -145,7 +146,7 @@ private slots:
     {
         EntornoPrueba e(false);
         frmInicio* ini = arrancar();
-        QVERIFY(Aplicacion::terminado());
+        QVERIFY(Programa::terminado());
         QCOMPARE(e.cuadros.size(), 2);
         QVERIFY(e.cuadros[0].texto.contains(QStringLiteral("Procedimiento: comprobarBD")));
         QCOMPARE(e.cuadros[0].icono, Mensajes::Icono::Ninguno);
@@ -160,7 +161,7 @@ private slots:
         EntornoPrueba e(false);
         e.escribirIni(QStringLiteral("\x01\x02 basura sin secciones =\r\n[Opciones\r\ninicio=uno\r\n"));
         arrancar();
-        QVERIFY(Aplicacion::terminado());
+        QVERIFY(Programa::terminado());
         QVERIFY(e.textos().last() == TEXTO_SIN_BD);
         QVERIFY(!QFile::exists(e.directorio() + QStringLiteral("/Usuarios.qst")));
     }
@@ -170,7 +171,7 @@ private slots:
         EntornoPrueba e;
         QFile::remove(e.ficheroBD());
         arrancar();
-        QVERIFY(Aplicacion::terminado());
+        QVERIFY(Programa::terminado());
         QCOMPARE(e.textos(), QStringList{TEXTO_SIN_BD});
         QCOMPARE(e.cuadros[0].icono, Mensajes::Icono::Exclamacion);
         QCOMPARE(leerIni(e.ficheroIni(), QStringLiteral("opciones"), QStringLiteral("inicio")), QStringLiteral("0"));
@@ -210,7 +211,7 @@ private slots:
         frmInicio* ini = arrancar();
         QCOMPARE(e.titulosCarpeta, QStringList{tituloCambiarRuta(1)});
         if (eleccion == 0) {
-            QVERIFY(!Aplicacion::terminado());
+            QVERIFY(!Programa::terminado());
             QVERIFY(ini->temporizadorActivo());
             QVERIFY(e.cuadros.isEmpty());
             QCOMPARE(leerIni(e.ficheroIni(), QStringLiteral("BD"), QStringLiteral("ruta")), e.carpetaDatos());
@@ -219,7 +220,7 @@ private slots:
             QVERIFY(leerIni(e.ficheroIni(), QStringLiteral("PLANTILLAS_CONTRATOS"), QStringLiteral("P3")).endsWith(QStringLiteral("Trabajos_de_edificacion.doc")));
             QCOMPARE(rutaBD, e.carpetaDatos());
         } else {
-            QVERIFY(Aplicacion::terminado());
+            QVERIFY(Programa::terminado());
             QCOMPARE(e.textos(), QStringList{mensaje});
             QCOMPARE(leerIni(e.ficheroIni(), QStringLiteral("BD"), QStringLiteral("ruta")), QString());
         }
@@ -247,14 +248,14 @@ private slots:
             f.write(bytes);
         }
         frmInicio* ini = arrancar();
-        QVERIFY(!Aplicacion::terminado());
+        QVERIFY(!Programa::terminado());
         QVERIFY(!ini->temporizadorActivo());  // la pantalla se queda; un clic o Esc la cierran
         QCOMPARE(e.cuadros.size(), 1);
         QVERIFY(e.cuadros[0].texto.contains(QStringLiteral("Procedimiento: Form_Load")));
         QCOMPARE(e.entradasLog(), 1);
         QCOMPARE(contenido(e.ficheroBD()), bytes);  // nunca se toca el fichero
         QTest::keyClick(ini, Qt::Key_Escape);
-        QVERIFY(Aplicacion::terminado());
+        QVERIFY(Programa::terminado());
     }
 
     void segundaInstancia()
@@ -263,7 +264,7 @@ private slots:
         QLockFile otro(Aplicacion::ficheroCerrojo());
         QVERIFY(otro.tryLock(0));
         frmInicio* ini = arrancar();
-        QVERIFY(Aplicacion::terminado());
+        QVERIFY(Programa::terminado());
         QVERIFY(e.cuadros.isEmpty());
         QCOMPARE(ini->valoresBarra(), QList<int>{5});
         QVERIFY(!frmMenu::existente());
@@ -319,13 +320,13 @@ private slots:
         QCOMPARE(e.cuadros.size(), 1);
         QCOMPARE(e.cuadros[0].texto, QStringLiteral("¿Desea salir del programa?"));
         QCOMPARE(e.cuadros[0].porDefecto, Respuesta::No);
-        QCOMPARE(Aplicacion::terminado(), termina);
+        QCOMPARE(Programa::terminado(), termina);
         QCOMPARE(Pantallas::cargada<frmCopiaSeguridad>() != nullptr, copiaAbierta);
         QCOMPARE(cerrada, respuesta == int(Respuesta::Si) && copia != QLatin1String("1"));
         if (copiaAbierta) {
             // Cerrar la copia de seguridad, aunque sea con "Cancelar", termina el programa.
             Pantallas::descargar(Pantallas::cargada<frmCopiaSeguridad>());
-            QVERIFY(Aplicacion::terminado());
+            QVERIFY(Programa::terminado());
             QCOMPARE(leerAjuste(QStringLiteral("Opciones"), QStringLiteral("copia")), QStringLiteral("1"));
         }
     }

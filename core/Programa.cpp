@@ -1,0 +1,28 @@
+#include "core/Programa.h"
+
+#include "core/BaseDatos.h"
+
+#include <QCoreApplication>
+
+namespace Programa {
+
+namespace {
+bool finPedido = false;
+bool bucle = false;
+}  // namespace
+
+void terminar()
+{
+    finPedido = true;
+    BaseDatos::cerrar();
+    if (bucle)
+        QCoreApplication::exit(0);
+}
+
+bool terminado() { return finPedido; }
+
+void bucleEnMarcha(bool enMarcha) { bucle = enMarcha; }
+
+void reiniciar() { finPedido = false; }
+
+}  // namespace Programa
