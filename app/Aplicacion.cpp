@@ -5,6 +5,8 @@
 #include "core/Iconos.h"
 #include "core/Programa.h"
 #include "core/Rutas.h"
+#include "forms/AbrirImpreso.h"
+#include "masterdata/AperturaFichas.h"
 #include "reports/modInformes.h"
 
 #include <QApplication>
@@ -28,11 +30,19 @@ std::unique_ptr<QLockFile>& cerrojo()
 }
 }  // namespace
 
+void registrarPantallas()
+{
+    // Qué pantalla abre cada clave de tabla de las listas y los selectores.
+    registrarFichasMaestras();
+    registrarImpresos();
+}
+
 void prepararEntorno()
 {
     QLocale::setDefault(QLocale(QLocale::Spanish, QLocale::Spain));
     iniciarRecursosNucleo();
     modInformes::inicializarRecursos();
+    registrarPantallas();
     static QTranslator traductorQt;
     if (traductorQt.isEmpty()
         && traductorQt.load(QLocale(QLocale::Spanish, QLocale::Spain), QStringLiteral("qtbase"), QStringLiteral("_"),

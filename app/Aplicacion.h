@@ -6,6 +6,7 @@
 namespace Aplicacion {
 
 void prepararEntorno();  // locale español, traducciones de Qt, recursos (también en pruebas)
+void registrarPantallas();  // la pantalla de cada clave de tabla (lo hace prepararEntorno)
 int ejecutar(int argc, char* argv[]);
 
 void reiniciar();  // pruebas: vuelve al estado de un programa recién lanzado

@@ -8,6 +8,7 @@
 #include "core/modFunciones.h"
 #include "core/Programa.h"
 #include "masterdata/frmConfiguracion.h"
+#include "forms/AbrirImpreso.h"
 #include "search/AbrirBusqueda.h"
 #include "tools/frmCopiaSeguridad.h"
 #include "ui_frmMenu.h"
@@ -148,16 +149,10 @@ void frmMenu::conectarMenu()
 void frmMenu::habilitarEntradas()
 {
     // Una entrada cuya pantalla aún no existe está presente pero deshabilitada.
-    const bool listas = busquedaDisponible();
-    for (QAction* a : {ui->mnu_Proyectos, ui->mnu_Arquitectos, ui->mnu_Aparejadores, ui->mnu_Contratistas, ui->mnu_Clientes})
-        a->setEnabled(listas);
-    for (const char* n : {"tlb_Menu_1", "tlb_Menu_3", "tlb_Menu_5", "tlb_Menu_7", "tlb_Menu_9"})
-        if (QAction* a = findChild<QAction*>(QString::fromLatin1(n)))
-            a->setEnabled(listas);
     for (QAction* a : {ui->mnu_A1, ui->mnu_A2, ui->mnu_A3, ui->mnu_A4, ui->mnu_A5, ui->mnu_CSS, ui->mnu_CertificadoFinObra,
                        ui->mnu_B1, ui->mnu_B2, ui->mnu_B3, ui->mnu_B4_Ajeno, ui->mnu_B4_Propio,
                        ui->mnu_ComunicadoDireccionCoordinador, ui->mnu_Certificado})
-        a->setEnabled(listas && impresoDisponible(a->objectName()));
+        a->setEnabled(pantallaImpresoExiste(a->objectName()));
     ui->mnu_Configuracion->setEnabled(frmConfiguracion::disponible());
     ui->mnu_RealizarCopia->setEnabled(frmCopiaSeguridad::disponible());
     ui->mnu_RestaurarCopia->setEnabled(frmCopiaSeguridad::disponible());
@@ -165,9 +160,14 @@ void frmMenu::habilitarEntradas()
     ui->mnu_Editor->setEnabled(false);
 }
 
-void frmMenu::abrirBusqueda(const QString& tabla, const QString& tipoImpreso, const QString& titulo)
+void frmMenu::abrirListaMaestra(const QString& tabla)
 {
-    guardia(FORMULARIO, QStringLiteral("abrirBusqueda"), [&] { ::abrirBusqueda(tabla, tipoImpreso, titulo); });
+    guardia(FORMULARIO, QStringLiteral("abrirBusqueda"), [&] { ::abrirListaMaestra(tabla); });
+}
+
+void frmMenu::abrirListaImpreso(const QString& entradaMenu)
+{
+    guardia(FORMULARIO, QStringLiteral("abrirBusqueda"), [&] { ::abrirListaImpreso(entradaMenu); });
 }
 
 void frmMenu::abrirConfiguracion(int pestana)
@@ -195,41 +195,27 @@ void frmMenu::mnu_RestaurarCopia_Click()
 
 void frmMenu::mnu_Salir_Click() { close(); }
 
-void frmMenu::mnu_Proyectos_Click() { abrirBusqueda(QStringLiteral("PROYECTOS_A"), {}, QStringLiteral("Gestión de proyectos")); }
-void frmMenu::mnu_Arquitectos_Click() { abrirBusqueda(QStringLiteral("ARQUITECTOS"), {}, QStringLiteral("Gestión de arquitectos")); }
-void frmMenu::mnu_Aparejadores_Click() { abrirBusqueda(QStringLiteral("APAREJADORES"), {}, QStringLiteral("Gestión de arquitectos técnicos")); }
-void frmMenu::mnu_Contratistas_Click() { abrirBusqueda(QStringLiteral("CONTRATISTAS"), {}, QStringLiteral("Gestión de contratistas")); }
-void frmMenu::mnu_Clientes_Click() { abrirBusqueda(QStringLiteral("CLIENTES"), {}, QStringLiteral("Gestión de clientes")); }
+void frmMenu::mnu_Proyectos_Click() { abrirListaMaestra(QStringLiteral("PROYECTOS_A")); }
+void frmMenu::mnu_Arquitectos_Click() { abrirListaMaestra(QStringLiteral("ARQUITECTOS")); }
+void frmMenu::mnu_Aparejadores_Click() { abrirListaMaestra(QStringLiteral("APAREJADORES")); }
+void frmMenu::mnu_Contratistas_Click() { abrirListaMaestra(QStringLiteral("CONTRATISTAS")); }
+void frmMenu::mnu_Clientes_Click() { abrirListaMaestra(QStringLiteral("CLIENTES")); }
 
-#define IMPRESOS(categoria) QStringLiteral("Impresos encontrados de la categoría '" categoria "'")
-void frmMenu::mnu_A1_Click() { abrirBusqueda(QStringLiteral("DATOSA1B2"), QStringLiteral("A1"), IMPRESOS("Comunicación de encargo profesional")); }
-void frmMenu::mnu_A2_Click() { abrirBusqueda(QStringLiteral("DATOSA2"), QStringLiteral("A2"), IMPRESOS("Presentación de documentos")); }
-void frmMenu::mnu_A3_Click() { abrirBusqueda(QStringLiteral("DATOSA3"), QStringLiteral("A3"), IMPRESOS("Costes de referencia")); }
-void frmMenu::mnu_A4_Click() { abrirBusqueda(QStringLiteral("DATOSA4A5"), QStringLiteral("A4"), IMPRESOS("Comunicación de nombramiento de dirección de obra")); }
-void frmMenu::mnu_A5_Click() { abrirBusqueda(QStringLiteral("DATOSA4A5"), QStringLiteral("A5"), IMPRESOS("Hoja resumen de características urbanísticas")); }
-void frmMenu::mnu_CSS_Click()
-{
-    abrirBusqueda(QStringLiteral("DATOSCOORDINADOR_SEGURIDAD_Y_SALUD"), QStringLiteral("CSS"),
-                  IMPRESOS("Comunicación de nombramiento de coordinador de Seg. y Salud"));
-}
-void frmMenu::mnu_CertificadoFinObra_Click() { abrirBusqueda(QStringLiteral("DATOSFINOBRA"), QStringLiteral("FINOBRA"), IMPRESOS("Certificado Fin de obra")); }
-void frmMenu::mnu_B1_Click() { abrirBusqueda(QStringLiteral("DATOSB1B3B4"), QStringLiteral("B1"), IMPRESOS("Factura de honorarios profesionales")); }
-void frmMenu::mnu_B2_Click() { abrirBusqueda(QStringLiteral("DATOSA1B2"), QStringLiteral("B2"), IMPRESOS("Compromiso de aportar licencia municipal de obras")); }
-void frmMenu::mnu_B3_Click() { abrirBusqueda(QStringLiteral("DATOSB1B3B4"), QStringLiteral("B3"), IMPRESOS("Retención a cuenta del I.R.P.F.")); }
-void frmMenu::mnu_B4_Ajeno_Click()
-{
-    abrirBusqueda(QStringLiteral("DATOSB4"), QStringLiteral("B4_A"), IMPRESOS("Certificado de retenciones a cuenta del I.R.P.F. (ajeno)"));
-}
-void frmMenu::mnu_B4_Propio_Click()
-{
-    abrirBusqueda(QStringLiteral("DATOSB4"), QStringLiteral("B4_P"), IMPRESOS("Certificado de retenciones a cuenta del I.R.P.F. (propio)"));
-}
-void frmMenu::mnu_ComunicadoDireccionCoordinador_Click()
-{
-    abrirBusqueda(QStringLiteral("DATOSCOMUNICADO_DIRECCION_Y_COORDINADOR"), QStringLiteral("CDC"), IMPRESOS("Comunicado Dirección y Coordinador"));
-}
-void frmMenu::mnu_Certificado_Click() { abrirBusqueda(QStringLiteral("DATOSCERTIFICADO"), {}, IMPRESOS("Certificado")); }
-#undef IMPRESOS
+// Las listas de impresos: tabla, tipo y título salen de la tabla de impresos.
+void frmMenu::mnu_A1_Click() { abrirListaImpreso(QStringLiteral("mnu_A1")); }
+void frmMenu::mnu_A2_Click() { abrirListaImpreso(QStringLiteral("mnu_A2")); }
+void frmMenu::mnu_A3_Click() { abrirListaImpreso(QStringLiteral("mnu_A3")); }
+void frmMenu::mnu_A4_Click() { abrirListaImpreso(QStringLiteral("mnu_A4")); }
+void frmMenu::mnu_A5_Click() { abrirListaImpreso(QStringLiteral("mnu_A5")); }
+void frmMenu::mnu_CSS_Click() { abrirListaImpreso(QStringLiteral("mnu_CSS")); }
+void frmMenu::mnu_CertificadoFinObra_Click() { abrirListaImpreso(QStringLiteral("mnu_CertificadoFinObra")); }
+void frmMenu::mnu_B1_Click() { abrirListaImpreso(QStringLiteral("mnu_B1")); }
+void frmMenu::mnu_B2_Click() { abrirListaImpreso(QStringLiteral("mnu_B2")); }
+void frmMenu::mnu_B3_Click() { abrirListaImpreso(QStringLiteral("mnu_B3")); }
+void frmMenu::mnu_B4_Ajeno_Click() { abrirListaImpreso(QStringLiteral("mnu_B4_Ajeno")); }
+void frmMenu::mnu_B4_Propio_Click() { abrirListaImpreso(QStringLiteral("mnu_B4_Propio")); }
+void frmMenu::mnu_ComunicadoDireccionCoordinador_Click() { abrirListaImpreso(QStringLiteral("mnu_ComunicadoDireccionCoordinador")); }
+void frmMenu::mnu_Certificado_Click() { abrirListaImpreso(QStringLiteral("mnu_Certificado")); }
 
 void frmMenu::mnu_Contrato_Click() {}
 

@@ -20,7 +20,8 @@ public:
     CMdiBackground* fondo() const { return m_fondo; }
     void abrirConfiguracion(int pestana);
     // Abre la lista de búsqueda de una entrada del menú (descarga la que hubiera antes).
-    void abrirBusqueda(const QString& tabla, const QString& tipoImpreso, const QString& titulo);
+    void abrirListaMaestra(const QString& tabla);
+    void abrirListaImpreso(const QString& entradaMenu);
 
 public slots:
     void mnu_Configuracion_Click();

@@ -1,6 +1,7 @@
 #include "core/BaseDatos.h"
 
 #include "core/Cotejo.h"
+#include "core/Mensajes.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -55,21 +56,19 @@ void funcionMayusculas(sqlite3_context* ctx, int, sqlite3_value** argv)
     sqlite3_result_text(ctx, r.constData(), static_cast<int>(r.size()), SQLITE_TRANSIENT);
 }
 
-sqlite3* manejador(QSqlDatabase& db)
+}  // namespace
+
+sqlite3* motor(const QSqlDatabase& db)
 {
-    const QVariant v = db.driver()->handle();
+    const QVariant v = db.isValid() ? db.driver()->handle() : QVariant();
     if (v.isValid() && qstrcmp(v.typeName(), "sqlite3*") == 0)
         return *static_cast<sqlite3* const*>(v.constData());
-    return nullptr;
+    lanzarError(-1, QStringLiteral("No se ha podido acceder al motor de la base de datos"));
 }
-
-}  // namespace
 
 void registrarFunciones(QSqlDatabase& db)
 {
-    sqlite3* h = manejador(db);
-    if (!h)
-        lanzarError(-1, QStringLiteral("No se ha podido acceder al motor de la base de datos"));
+    sqlite3* h = motor(db);
     sqlite3_create_collation(h, "ES", SQLITE_UTF8, nullptr, cotejoES);
     const int opciones = SQLITE_UTF8 | SQLITE_DETERMINISTIC;
     sqlite3_create_function(h, "like", 2, opciones, nullptr, funcionLike, nullptr, nullptr);
@@ -168,6 +167,7 @@ Transaccion::Transaccion(bool marcarEnCurso)
 {
     ejecutar(QStringLiteral("BEGIN IMMEDIATE"));
     m_activa = true;
+    Mensajes::retener();
     if (marcarEnCurso) {
         m_marca = true;
         transaccionEnCurso = true;
@@ -192,6 +192,7 @@ void Transaccion::confirmar()
     if (m_marca)
         transaccionEnCurso = false;
     m_marca = false;
+    Mensajes::soltar();
 }
 
 void Transaccion::deshacer()
@@ -202,6 +203,10 @@ void Transaccion::deshacer()
     if (!m_activa)
         return;
     m_activa = false;
+    // Los cuadros retenidos salen aunque el ROLLBACK falle.
+    struct Soltar {
+        ~Soltar() { Mensajes::soltar(); }
+    } soltar;
     ejecutar(QStringLiteral("ROLLBACK"));
 }
 

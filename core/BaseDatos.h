@@ -8,6 +8,8 @@
 #include <QString>
 #include <QVariant>
 
+struct sqlite3;
+
 // Estado de todo el programa sobre la base de datos (se fija en el arranque).
 extern QString rutaBD;            // carpeta de la base de datos, siempre con separador final
 extern QString cadenaConexion;    // fichero que abre la conexión compartida
@@ -32,6 +34,10 @@ QSqlDatabase abrirConexion(const QString& nombre, const QString& fichero, bool s
 void registrarFunciones(QSqlDatabase& db);  // cotejo ES, LIKE, UCASE y UPPER en español
 
 ErrorPrograma errorDe(const QSqlError& e);
+
+// El motor que hay debajo de una conexión abierta (lecturas masivas, copias del fichero).
+// Lanza ErrorPrograma si la conexión no es del motor.
+sqlite3* motor(const QSqlDatabase& db);
 
 }  // namespace BaseDatos
 

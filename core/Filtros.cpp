@@ -8,20 +8,20 @@
 #include <QMenu>
 #include <QMouseEvent>
 
-int admitirNumeros(int& tecla, bool admitirMenos, bool admitirComa)
+int admitirNumeros(int& tecla, Admite admite)
 {
     const bool admitida = tecla == TECLA_RETROCESO || (tecla >= '0' && tecla <= '9')
-        || (tecla == '-' && admitirMenos) || (tecla == ',' && admitirComa);
+        || (tecla == '-' && admite.menos) || (tecla == ',' && admite.coma);
     if (!admitida)
         tecla = 0;
     return tecla;
 }
 
-int admitirLetrasNumeros(int& tecla, bool admitirMenos, bool admitirComa)
+int admitirLetrasNumeros(int& tecla, Admite admite)
 {
     if ((tecla >= 'a' && tecla <= 'z') || (tecla >= 'A' && tecla <= 'Z'))
         return tecla;
-    return admitirNumeros(tecla, admitirMenos, admitirComa);
+    return admitirNumeros(tecla, admite);
 }
 
 int admitirTeclaNIF(int& tecla, const QString& textoActual)
@@ -30,7 +30,7 @@ int admitirTeclaNIF(int& tecla, const QString& textoActual)
         tecla = 0;
         return 0;
     }
-    return admitirLetrasNumeros(tecla, true, false);
+    return admitirLetrasNumeros(tecla, {.menos = true});
 }
 
 FiltroTeclas::FiltroTeclas(QLineEdit* campo, Regla regla) : QObject(campo), m_campo(campo), m_regla(std::move(regla))
@@ -116,17 +116,17 @@ bool FiltroTeclas::eventFilter(QObject* objeto, QEvent* evento)
     }
 }
 
-FiltroTeclas* instalarFiltroNumeros(QLineEdit* campo, bool admitirMenos, bool admitirComa)
+FiltroTeclas* instalarFiltroNumeros(QLineEdit* campo, Admite admite)
 {
-    return new FiltroTeclas(campo, [admitirMenos, admitirComa](int tecla, const QString&) {
-        return admitirNumeros(tecla, admitirMenos, admitirComa);
+    return new FiltroTeclas(campo, [admite](int tecla, const QString&) {
+        return admitirNumeros(tecla, admite);
     });
 }
 
-FiltroTeclas* instalarFiltroLetrasNumeros(QLineEdit* campo, bool admitirMenos, bool admitirComa)
+FiltroTeclas* instalarFiltroLetrasNumeros(QLineEdit* campo, Admite admite)
 {
-    return new FiltroTeclas(campo, [admitirMenos, admitirComa](int tecla, const QString&) {
-        return admitirLetrasNumeros(tecla, admitirMenos, admitirComa);
+    return new FiltroTeclas(campo, [admite](int tecla, const QString&) {
+        return admitirLetrasNumeros(tecla, admite);
     });
 }
 

@@ -9,10 +9,16 @@ class QLineEdit;
 // devuelven el código si se admite y 0 si no (y dejan ese valor en "tecla").
 constexpr int TECLA_RETROCESO = 8;
 
-// Retroceso y "0" a "9"; "-" sólo con admitirMenos y "," sólo con admitirComa.
-int admitirNumeros(int& tecla, bool admitirMenos, bool admitirComa);
+// Lo que un campo admite además de las cifras: {.menos = true}, {.coma = true}.
+struct Admite {
+    bool menos = false;
+    bool coma = false;
+};
+
+// Retroceso y "0" a "9"; "-" sólo con menos y "," sólo con coma.
+int admitirNumeros(int& tecla, Admite admite = {});
 // Además las letras "a" a "z" y "A" a "Z" (ni acentos, ni "ñ", ni espacio).
-int admitirLetrasNumeros(int& tecla, bool admitirMenos, bool admitirComa);
+int admitirLetrasNumeros(int& tecla, Admite admite = {});
 // Campo del NIF: un "-" si el campo aún no tiene ninguno; lo demás, letras y números con guion.
 int admitirTeclaNIF(int& tecla, const QString& textoActual);
 
@@ -38,6 +44,6 @@ private:
     Regla m_regla;
 };
 
-FiltroTeclas* instalarFiltroNumeros(QLineEdit* campo, bool admitirMenos, bool admitirComa);
-FiltroTeclas* instalarFiltroLetrasNumeros(QLineEdit* campo, bool admitirMenos, bool admitirComa);
+FiltroTeclas* instalarFiltroNumeros(QLineEdit* campo, Admite admite = {});
+FiltroTeclas* instalarFiltroLetrasNumeros(QLineEdit* campo, Admite admite = {});
 FiltroTeclas* instalarFiltroNIF(QLineEdit* campo);

@@ -1,6 +1,7 @@
 #include "core/Mensajes.h"
 
 #include <QApplication>
+#include <QList>
 #include <QMessageBox>
 #include <QPushButton>
 
@@ -11,6 +12,18 @@ Contestador& contestador()
 {
     static Contestador c;
     return c;
+}
+
+int& retenciones()
+{
+    static int n = 0;
+    return n;
+}
+
+QList<Cuadro>& retenidos()
+{
+    static QList<Cuadro> l;
+    return l;
 }
 
 QMessageBox::StandardButton boton(Respuesta r)
@@ -29,8 +42,22 @@ void instalarContestador(Contestador c) { contestador() = std::move(c); }
 
 bool hayContestador() { return static_cast<bool>(contestador()); }
 
+void retener() { ++retenciones(); }
+
+void soltar()
+{
+    if (retenciones() > 0 && --retenciones() > 0)
+        return;
+    while (!retenidos().isEmpty())
+        mostrar(retenidos().takeFirst());
+}
+
 Respuesta mostrar(const Cuadro& cuadro)
 {
+    if (retenciones() > 0 && cuadro.botones == Botones::Aceptar) {
+        retenidos() << cuadro;
+        return Respuesta::Aceptar;
+    }
     if (contestador())
         return contestador()(cuadro);
 

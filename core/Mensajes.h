@@ -39,4 +39,10 @@ Respuesta preguntaAviso(const QString& texto);
 // "Aviso" sin icono: la entrada del registro enseñada al usuario.
 void mostrarEntradaLog(const QString& entrada);
 
+// Mientras una transacción sigue abierta, los cuadros que sólo informan (Aceptar) esperan a que se
+// confirme o se deshaga: nadie lee un cuadro mientras los demás puestos esperan al cerrojo. Las
+// llamadas se anidan; al soltar la última, los retenidos salen en su orden.
+void retener();
+void soltar();
+
 }  // namespace Mensajes

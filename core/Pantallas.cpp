@@ -76,6 +76,20 @@ void mostrar(QWidget* w)
     w->show();
 }
 
+void activar(QWidget* w)
+{
+    if (!w || !lista().contains(w))
+        return;
+    if (auto* sub = qobject_cast<QMdiSubWindow*>(w->parentWidget())) {
+        if (sub->mdiArea())
+            sub->mdiArea()->setActiveSubWindow(sub);
+        sub->raise();
+    } else {
+        w->raise();
+        w->activateWindow();
+    }
+}
+
 void centrar(QWidget* w)
 {
     if (auto* sub = qobject_cast<QMdiSubWindow*>(w->parentWidget()))

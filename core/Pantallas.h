@@ -44,6 +44,8 @@ QWidget* ventanaPrincipal();
 void mostrar(QWidget* w);
 // Centra una pantalla en la principal.
 void centrar(QWidget* w);
+// Trae al frente y da el foco a una pantalla (la que pidió algo a otra que ya se ha cerrado).
+void activar(QWidget* w);
 
 // Pregunta común al cerrar una pantalla con cambios: "¿Desea guardar los cambios antes de
 // salir?" con Sí, No y Cancelar. Sí llama a guardar(), que devuelve si la pantalla puede cerrarse

@@ -1,27 +1,19 @@
 #include "forms/DatosImpreso.h"
 
-#include "app/frmMenu.h"
 #include "core/Iconos.h"
 #include "core/modFunciones.h"
 #include "forms/BloquesImpreso.h"
-#include "reports/frmVisorCrystal.h"
-#include "reports/modInformes.h"
+#include "reports/VistaImpreso.h"
 #include "search/AbrirBusqueda.h"
-#include "search/frmBuscarSeleccionar.h"
 
-#include <QAbstractButton>
 #include <QAction>
-#include <QApplication>
 #include <QLineEdit>
-#include <QPlainTextEdit>
 #include <QPointer>
-#include <QShowEvent>
-#include <QTextEdit>
 #include <QToolBar>
 #include <QToolButton>
 
 DatosImpreso::DatosImpreso(const QString& pantalla, QWidget* padre)
-    : Pantalla(padre), m_pantalla(pantalla), m_definicion(TablaImpresos::porPantalla(pantalla))
+    : PantallaEdicion(padre), m_pantalla(pantalla), m_definicion(TablaImpresos::porPantalla(pantalla))
 {
     Q_ASSERT(m_definicion);
     setObjectName(pantalla);
@@ -31,21 +23,23 @@ const VarianteImpreso& DatosImpreso::variante() const { return m_definicion->var
 
 void DatosImpreso::enlazarControles()
 {
-    txt_CodProyecto = findChild<QLineEdit*>(QStringLiteral("txt_CodProyecto"));
-    txt_Proyecto = findChild<QLineEdit*>(QStringLiteral("txt_Proyecto"));
     txt_Lugar = findChild<QLineEdit*>(QStringLiteral("txt_Lugar"));
     txt_Fecha = findChild<QLineEdit*>(QStringLiteral("txt_Fecha"));
-    img_Buscar = findChild<QToolButton*>(QStringLiteral("img_Buscar"));
-    img_Borrar = findChild<QToolButton*>(QStringLiteral("img_Borrar"));
     tlb_BotoneraImprimir = findChild<QToolBar*>(QStringLiteral("tlb_BotoneraImprimir"));
-    Q_ASSERT(txt_CodProyecto && txt_Proyecto && txt_Lugar && txt_Fecha && img_Buscar && img_Borrar && tlb_BotoneraImprimir);
-
-    txt_CodProyecto->setReadOnly(true);
-    txt_Proyecto->setReadOnly(true);
-    img_Buscar->setToolTip(QStringLiteral("Seleccionar proyecto"));
-    img_Borrar->setToolTip(QStringLiteral("Limpiar datos proyecto"));
-    connect(img_Buscar, &QToolButton::clicked, this, [this] { img_Buscar_Click(); });
-    connect(img_Borrar, &QToolButton::clicked, this, [this] { img_Borrar_Click(); });
+    Q_ASSERT(txt_Lugar && txt_Fecha && tlb_BotoneraImprimir);
+    if (m_definicion->conProyecto) {
+        txt_CodProyecto = findChild<QLineEdit*>(QStringLiteral("txt_CodProyecto"));
+        txt_Proyecto = findChild<QLineEdit*>(QStringLiteral("txt_Proyecto"));
+        img_Buscar = findChild<QToolButton*>(QStringLiteral("img_Buscar"));
+        img_Borrar = findChild<QToolButton*>(QStringLiteral("img_Borrar"));
+        Q_ASSERT(txt_CodProyecto && txt_Proyecto && img_Buscar && img_Borrar);
+        txt_CodProyecto->setReadOnly(true);
+        txt_Proyecto->setReadOnly(true);
+        img_Buscar->setToolTip(QStringLiteral("Seleccionar proyecto"));
+        img_Borrar->setToolTip(QStringLiteral("Limpiar datos proyecto"));
+        connect(img_Buscar, &QToolButton::clicked, this, [this] { img_Buscar_Click(); });
+        connect(img_Borrar, &QToolButton::clicked, this, [this] { img_Borrar_Click(); });
+    }
 
     // Un solo botón, sin clave: cualquier pulsación hace todo el recorrido.
     m_botonImprimir = tlb_BotoneraImprimir->addAction(Iconos::icono(QStringLiteral("imprimir")), QString());
@@ -54,49 +48,67 @@ void DatosImpreso::enlazarControles()
     connect(m_botonImprimir, &QAction::triggered, this, [this] { tlb_BotoneraImprimir_ButtonClick(); });
 }
 
-void DatosImpreso::showEvent(QShowEvent* e)
+bool DatosImpreso::cargar()
 {
-    Form_Load();
-    Pantalla::showEvent(e);
-}
-
-void DatosImpreso::Form_Load()
-{
-    if (m_cargada)
-        return;
-    m_cargada = true;
-    guardia(m_pantalla, QStringLiteral("Form_Load"), [&] {
-        setWindowIcon(Iconos::iconoPrograma());
+    setWindowIcon(Iconos::iconoPrograma());
+    if (img_Buscar)
         img_Buscar->setIcon(Iconos::icono(QStringLiteral("buscar"), 20));
+    if (img_Borrar)
         img_Borrar->setIcon(Iconos::icono(QStringLiteral("borrar"), 20));
-        txt_Lugar->setMaxLength(50);
-        txt_Fecha->setMaxLength(30);
-        aplicarLimites();
+    txt_Lugar->setMaxLength(50);
+    txt_Fecha->setMaxLength(30);
+    aplicarLimites();
 
-        UsoConexion uso;
-        if (Operacion == QLatin1String("ALTA")) {
-            txt_Fecha->setText(Formato::fechaPie(QDate::currentDate()));
-            Consulta c(QStringLiteral("SELECT Municipio FROM Config"));
-            if (c.siguiente())
-                txt_Lugar->setText(c.texto(QStringLiteral("Municipio")));
-            valoresPorDefecto();
-        } else if (Operacion == QLatin1String("MODIFICAR")) {
-            Consulta c(QStringLiteral("SELECT * FROM \"%1\" WHERE Clave = ?").arg(m_definicion->tablaHistorico), {Clave});
-            if (!c.siguiente())
-                Mensajes::aviso(QStringLiteral("No se han podido cargar los datos del impreso seleccionado"));
-            else
-                cargarCampos(c);
-        }
-        cargarInformacionImpreso();
-    });
+    UsoConexion uso;
+    if (Operacion == QLatin1String("ALTA")) {
+        txt_Fecha->setText(Formato::fechaPie(QDate::currentDate()));
+        Consulta c(QStringLiteral("SELECT Municipio FROM Config"));
+        if (c.siguiente())
+            txt_Lugar->setText(c.texto(QStringLiteral("Municipio")));
+        valoresPorDefecto();
+    } else if (Operacion == QLatin1String("MODIFICAR")) {
+        Consulta c(QStringLiteral("SELECT * FROM \"%1\" WHERE Clave = ?").arg(m_definicion->tablaHistorico), {Clave});
+        if (!c.siguiente())
+            Mensajes::aviso(QStringLiteral("No se han podido cargar los datos del impreso seleccionado"));
+        else
+            cargarCampos(c);
+    }
+    return true;
 }
 
 void DatosImpreso::img_Buscar_Click()
 {
     guardia(m_pantalla, QStringLiteral("img_Buscar_Click"), [&] {
-        frmBuscarSeleccionar::abrir(QStringLiteral("PROYECTOS_A"), m_definicion->claveSeleccion, QStringLiteral("Buscar proyecto"),
-                                    m_definicion->claveRetorno);
+        QPointer<DatosImpreso> yo(this);
+        frmBuscarSeleccionar::abrir({.tabla = QStringLiteral("PROYECTOS_A"),
+                                     .claveLlamada = m_definicion->claveSeleccion,
+                                     .titulo = QStringLiteral("Buscar proyecto"),
+                                     .claveRetorno = m_definicion->claveRetorno,
+                                     .llamador = this,
+                                     .alElegir =
+                                         [yo](const Eleccion& e) {
+                                             if (yo)
+                                                 yo->recibirProyecto(e);
+                                             return true;
+                                         },
+                                     .alDarDeAlta =
+                                         [yo](const RegistroGuardado& r) {
+                                             if (yo)
+                                                 yo->recibirProyectoNuevo(r);
+                                         }});
     });
+}
+
+void DatosImpreso::recibirProyecto(const Eleccion& e)
+{
+    txt_Proyecto->setText(e.texto(1));
+    txt_CodProyecto->setText(QString::number(e.codigo));
+}
+
+void DatosImpreso::recibirProyectoNuevo(const RegistroGuardado& r)
+{
+    txt_CodProyecto->setText(QString::number(r.codigo));
+    txt_Proyecto->setText(r.nombre);
 }
 
 void DatosImpreso::img_Borrar_Click()
@@ -107,39 +119,16 @@ void DatosImpreso::img_Borrar_Click()
 
 // ---------------------------------------------------------------- copia y validación
 
-QString DatosImpreso::textoControl(const QWidget* w)
+QString DatosImpreso::recortado(const QWidget* w) const { return Instantanea::texto(w).trimmed(); }
+
+qint64 DatosImpreso::codigoProyecto() const { return txt_CodProyecto ? txt_CodProyecto->text().trimmed().toLongLong() : 0; }
+
+QList<QWidget*> DatosImpreso::controlesCopia() const
 {
-    if (auto* b = qobject_cast<const QAbstractButton*>(w))
-        return b->isChecked() ? QStringLiteral("1") : QStringLiteral("0");
-    if (auto* t = qobject_cast<const QLineEdit*>(w))
-        return t->text();
-    if (auto* t = qobject_cast<const QPlainTextEdit*>(w))
-        return t->toPlainText();
-    if (auto* t = qobject_cast<const QTextEdit*>(w))
-        return t->toPlainText();
-    return {};
-}
-
-QString DatosImpreso::recortado(const QWidget* w) const { return textoControl(w).trimmed(); }
-
-qint64 DatosImpreso::codigoProyecto() const { return txt_CodProyecto->text().trimmed().toLongLong(); }
-
-QList<QWidget*> DatosImpreso::controlesCopia() const { return {txt_CodProyecto, txt_Proyecto, txt_Lugar, txt_Fecha}; }
-
-void DatosImpreso::cargarInformacionImpreso()
-{
-    m_copia.clear();
-    for (const QWidget* w : controlesCopia())
-        m_copia << textoControl(w);
-}
-
-bool DatosImpreso::PreguntarGuardarCambios() const
-{
-    const QList<QWidget*> controles = controlesCopia();
-    for (int i = 0; i < controles.size(); ++i)
-        if (m_copia.value(i).toUpper() != textoControl(controles[i]).toUpper())
-            return true;
-    return false;
+    QList<QWidget*> l;
+    if (txt_CodProyecto)
+        l << txt_CodProyecto << txt_Proyecto;
+    return l << txt_Lugar << txt_Fecha;
 }
 
 bool DatosImpreso::avisar(QWidget* campo, const QString& texto)
@@ -152,7 +141,7 @@ bool DatosImpreso::avisar(QWidget* campo, const QString& texto)
 
 bool DatosImpreso::validarDatos()
 {
-    if (txt_CodProyecto->text().trimmed().isEmpty() || txt_Proyecto->text().trimmed().isEmpty())
+    if (txt_CodProyecto && (txt_CodProyecto->text().trimmed().isEmpty() || txt_Proyecto->text().trimmed().isEmpty()))
         return avisar(txt_Proyecto, QStringLiteral("Por favor, seleccione un proyecto"));
     if (!validarPropios())
         return false;
@@ -165,8 +154,9 @@ bool DatosImpreso::validarDatos()
 
 // ---------------------------------------------------------------- escritura
 
-void DatosImpreso::guardarDatosHistorico()
+qint64 DatosImpreso::guardarDatosHistorico()
 {
+    qint64 clave = 0;
     guardia(m_pantalla, QStringLiteral("guardarDatosHistorico"), [&] {
         Campos campos = camposHistorico();
         for (auto& c : campos)
@@ -175,6 +165,7 @@ void DatosImpreso::guardarDatosHistorico()
             campos.append({m_definicion->columnaTipo, variante().marcaTipo});  // la marca va la última
         if (tag() == QLatin1String("ALTA")) {
             insertar(m_definicion->tablaHistorico, campos);
+            clave = ultimoIdentificador();
         } else if (tag() == QLatin1String("MODIFICAR")) {
             Consulta c(QStringLiteral("SELECT Clave FROM \"%1\" WHERE Clave = ?").arg(m_definicion->tablaHistorico), {Clave});
             if (!c.siguiente()) {
@@ -182,8 +173,12 @@ void DatosImpreso::guardarDatosHistorico()
                 return;
             }
             actualizar(m_definicion->tablaHistorico, campos, QStringLiteral("Clave = ?"), {Clave});
+            clave = Clave;
         }
+        if (clave > 0)
+            escribirFilasHijas(clave);
     });
+    return clave;
 }
 
 void DatosImpreso::guardarDatosTemporal()
@@ -191,17 +186,19 @@ void DatosImpreso::guardarDatosTemporal()
     guardia(m_pantalla, QStringLiteral("guardarDatosTemporal"), [&] { escribirTemporal(); });
 }
 
+void DatosImpreso::mostrarVistaPrevia() { mostrarImpreso(variante(), variante().tituloVisor); }
+
 void DatosImpreso::tlb_BotoneraImprimir_ButtonClick()
 {
-    m_cancelar = false;
+    m_cancelarCierre = false;
     if (!validarDatos()) {
-        m_cancelar = true;
+        m_cancelarCierre = true;
         return;
     }
     const VarianteImpreso v = variante();
     bool enTransaccion = false;
     const bool ok = guardia(m_pantalla, QStringLiteral("tlb_BotoneraImprimir_ButtonClick"), [&] {
-        QApplication::setOverrideCursor(Qt::WaitCursor);
+        CursorEspera espera;
         {
             Transaccion t;
             enTransaccion = true;
@@ -214,50 +211,29 @@ void DatosImpreso::tlb_BotoneraImprimir_ButtonClick()
             t.confirmar();
             enTransaccion = false;
         }
-        cargarInformacionImpreso();
+        tomarCopia();
         marcarActualizarLista();
-        Pantallas::descargar<frmVisorCrystal>();
-        modInformes::Informe = modInformes::crearInforme(v.informe);
-        modInformes::conectar();
-        modInformes::iniciarInforme_Impreso(v.codigo);
-        QApplication::restoreOverrideCursor();
-        frmVisorCrystal::mostrarInforme(v.tituloVisor);
+        mostrarVistaPrevia();
     });
     // La transacción ya se ha deshecho al salir de su ámbito.
     if (!ok && enTransaccion)
-        Mensajes::aviso(AVISO_FALLO);
-    if (!transaccionEnCurso && BaseDatos::estaAbierta())
-        BaseDatos::cerrar();
-    while (QApplication::overrideCursor())
-        QApplication::restoreOverrideCursor();
+        Mensajes::aviso(TablaImpresos::AVISO_FALLO);
 
     // Un impreso nuevo sólo vive hasta su primera vista previa: se cierra y se abre su lista.
     if (tag() == QLatin1String("ALTA")) {
-        const AccionMenu accion = v.accionMenu;
         Pantallas::descargar(this);
-        if (accion)
-            (frmMenu::instancia()->*accion)();
+        abrirListaImpreso(v.entradaMenu);
     }
 }
 
-bool DatosImpreso::alDescargar()
+bool DatosImpreso::guardarAlSalir()
 {
-    bool cerrar = true;
-    guardia(m_pantalla, QStringLiteral("Form_Unload"), [&] {
-        // Sí guarda la fila de historial sin vista previa ni tabla temporal.
-        cerrar = Pantallas::preguntarGuardarAlSalir(PreguntarGuardarCambios(), [&] {
-            m_cancelar = !validarDatos();
-            if (!m_cancelar) {
-                QApplication::setOverrideCursor(Qt::WaitCursor);
-                UsoConexion uso;
-                guardarDatosHistorico();
-            }
-            return !m_cancelar;
-        });
-    });
-    if (!transaccionEnCurso && BaseDatos::estaAbierta())
-        BaseDatos::cerrar();
-    while (QApplication::overrideCursor())
-        QApplication::restoreOverrideCursor();
-    return cerrar;
+    // Sí guarda la fila de historial sin vista previa ni tabla temporal.
+    m_cancelarCierre = !validarDatos();
+    if (!m_cancelarCierre) {
+        CursorEspera espera;
+        UsoConexion uso;
+        guardarDatosHistorico();
+    }
+    return !m_cancelarCierre;
 }

@@ -45,7 +45,7 @@ void FichaOtros::iniciar()
 
 QString FichaOtros::texto(const char* control) const
 {
-    return textoControl(findChild<QWidget*>(QLatin1String(control)));
+    return Instantanea::texto(findChild<QWidget*>(QLatin1String(control)));
 }
 
 QString FichaOtros::nombre() const { return nombreCompleto(txt_Nombre, txt_Apellidos); }
@@ -64,10 +64,6 @@ QList<QWidget*> FichaOtros::controlesCopia() const
         l << txt_Colegio;
     return l;
 }
-
-void FichaOtros::tomarCopias() { m_copia = instantanea(controlesCopia()); }
-
-bool FichaOtros::PreguntarGuardarCambios() const { return difiere(controlesCopia(), m_copia); }
 
 void FichaOtros::opt_Tipo_Click(int indice)
 {
@@ -105,8 +101,8 @@ void FichaOtros::cargarDatos()
         img->setIcon(Iconos::icono(QStringLiteral("validar")));
     prepararProvincia(cbo_Provincia);
     if (txt_NumColegiado)
-        instalarFiltroNumeros(txt_NumColegiado, false, false);
-    instalarFiltroNumeros(findChild<QLineEdit*>(QStringLiteral("txt_CP")), false, false);
+        instalarFiltroNumeros(txt_NumColegiado);
+    instalarFiltroNumeros(findChild<QLineEdit*>(QStringLiteral("txt_CP")));
     instalarFiltroNIF(txt_NIF);
     limitarNotas(txt_Notas, 255);
 
@@ -225,9 +221,16 @@ bool FichaOtros::guardarRegistro()
     return true;
 }
 
-void FichaOtros::devolverCodigoNombre(const QString& pantalla, const QString& ctlCodigo, const QString& ctlNombre)
+RegistroGuardado FichaOtros::registroGuardado() const
 {
-    QWidget* r = Devolucion::receptor(pantalla);
-    Devolucion::escribir(r, ctlCodigo, QString::number(m_claveNueva));
-    Devolucion::escribir(r, ctlNombre, nombre());
+    RegistroGuardado r;
+    r.codigo = m_claveNueva;
+    r.nombre = nombre();
+    r.numero = numero();
+    r.nif = texto("txt_NIF");
+    r.columnas = {numero(), texto("txt_Nombre"), texto("txt_Apellidos"), texto("txt_NIF"), texto("txt_Domicilio"),
+                  texto("txt_Municipio"), texto("cbo_Provincia")};
+    r.contacto = {texto("txt_Domicilio"), texto("txt_NIF"),      texto("txt_CP"),  texto("txt_Municipio"), texto("cbo_Provincia"),
+                  texto("txt_Telefono1"), texto("txt_Fax"),      texto("txt_Movil"), texto("txt_Correo")};
+    return r;
 }

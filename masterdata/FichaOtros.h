@@ -29,8 +29,6 @@ public:
     void opt_Tipo_Click(int indice);
     void img_Validar_Click();
     bool validarDatos() override;
-    bool PreguntarGuardarCambios() const;
-    bool hayCambios() const override { return PreguntarGuardarCambios(); }
 
     // Tipo fijado por quien abre (listas de sólo personas o sólo sociedades).
     void fijarTipo(int indice, bool bloquear);
@@ -42,8 +40,10 @@ protected:
     void iniciar();
 
     void cargarDatos() override;
-    void tomarCopias() override;
+    QList<QWidget*> controlesCopia() const override;
     bool guardarRegistro() override;
+    // Código, nombre, número, NIF, la fila de su lista y el domicilio y contacto.
+    RegistroGuardado registroGuardado() const override;
     QString textoAlta() const override { return m_textos.alta; }
     QString textoModificado() const override { return m_textos.modificado; }
 
@@ -52,8 +52,6 @@ protected:
     QString numero() const;           // número recortado
     QString texto(const char* control) const;
     qint64 claveNueva() const { return m_claveNueva; }
-    // Escribe el código nuevo y el nombre en dos controles de la pantalla receptora.
-    void devolverCodigoNombre(const QString& pantalla, const QString& ctlCodigo, const QString& ctlNombre);
 
     QLineEdit* txt_NumColegiado = nullptr;  // no está en la ficha de contratistas
     QLineEdit* txt_Colegio = nullptr;       // sólo arquitectos
@@ -68,10 +66,7 @@ protected:
     QGroupBox* Frame2 = nullptr;
 
 private:
-    QList<QWidget*> controlesCopia() const;
-
     Textos m_textos;
-    QStringList m_copia;
     qint64 m_numeroAnterior = -1;
     qint64 m_claveNueva = 0;
 };

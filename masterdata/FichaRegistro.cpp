@@ -18,13 +18,6 @@
 
 namespace {
 
-// Cursor de espera mientras dura el guardado.
-class CursorEspera {
-public:
-    CursorEspera() { QApplication::setOverrideCursor(Qt::WaitCursor); }
-    ~CursorEspera() { QApplication::restoreOverrideCursor(); }
-};
-
 // Acción al perder el foco (el LostFocus de los campos).
 class FiltroSalida : public QObject {
 public:
@@ -51,22 +44,12 @@ const QString TEXTO_BD_OCUPADA = QStringLiteral(
 
 }  // namespace
 
-FichaRegistro::FichaRegistro(QWidget* padre) : Pantalla(padre) {}
+FichaRegistro::FichaRegistro(QWidget* padre) : PantallaEdicion(padre) {}
 
-void FichaRegistro::Form_Load()
+bool FichaRegistro::cargar()
 {
-    if (m_cargada)
-        return;
-    m_cargada = true;
-    if (guardia(objectName(), QStringLiteral("Form_Load"), [&] { cargarDatos(); }))
-        guardia(objectName(), QStringLiteral("Form_Load"), [&] { tomarCopias(); });
-}
-
-void FichaRegistro::showEvent(QShowEvent* e)
-{
-    if (!m_cargada)
-        Form_Load();
-    Pantalla::showEvent(e);
+    cargarDatos();
+    return true;
 }
 
 void FichaRegistro::conectarBotones()
@@ -85,34 +68,41 @@ void FichaRegistro::cmd_Guardar_Click()
             m_cancelarCierre = true;
             return;
         }
-        CursorEspera espera;
         try {
-            // Todo, cascadas y mensajes incluidos, dentro de la misma transacción.
+            // La fila y sus cascadas en una transacción, confirmada antes de enseñar nada: ningún
+            // puesto espera al cerrojo mientras alguien lee el mensaje.
+            CursorEspera espera;
             Transaccion t;
             if (!guardarRegistro()) {
                 m_cancelarCierre = true;
                 return;
             }
-            tomarCopias();
-            if (esAlta()) {
-                const bool sinDevolucion = ClaveRetorno.isEmpty();
-                if (!sinDevolucion)
-                    devolverAlta();
-                Mensajes::informacion(textoAlta());
-                if (!m_descargando)
-                    Pantallas::descargar(this);
-                if (sinDevolucion)
-                    abrirListaMenu();
-            } else {
+            if (esModificar())
                 actualizarCopiasExternas();
-                marcarActualizarLista();
-                Mensajes::informacion(textoModificado());
-            }
             t.confirmar();
         } catch (const ErrorPrograma& e) {
             if (e.numero == ERROR_BD_EN_USO)
                 throw ErrorPrograma(e.numero, TEXTO_BD_OCUPADA, e.linea);
             throw;
+        }
+        tomarCopia();
+        RegistroGuardado r = registroGuardado();
+        r.operacion = tag();
+        const AlGuardar entregar = alGuardar;
+        if (esAlta()) {
+            if (entregar)
+                entregar(r);
+            Mensajes::informacion(textoAlta());
+            const QString lista = entregar ? QString() : listaMenu();
+            if (!descargando())
+                Pantallas::descargar(this);
+            if (!lista.isEmpty())
+                abrirListaMaestra(lista);
+        } else {
+            if (entregar)
+                entregar(r);
+            marcarActualizarLista();
+            Mensajes::informacion(textoModificado());
         }
     });
     // Tras un fallo la ficha no se cierra: los datos siguen en pantalla.
@@ -125,55 +115,10 @@ void FichaRegistro::cmd_Cerrar_Click()
     guardia(objectName(), QStringLiteral("cmd_Cerrar_Click"), [&] { Pantallas::descargar(this); });
 }
 
-bool FichaRegistro::hayCambios() const { return false; }
-
-bool FichaRegistro::alDescargar()
+bool FichaRegistro::guardarAlSalir()
 {
-    if (m_descargando)
-        return true;
-    bool cerrar = true;
-    guardia(objectName(), QStringLiteral("Form_Unload"), [&] {
-        cerrar = Pantallas::preguntarGuardarAlSalir(hayCambios(), [&] {
-            m_descargando = true;
-            cmd_Guardar_Click();
-            m_descargando = false;
-            return !m_cancelarCierre;
-        });
-    });
-    return cerrar;
-}
-
-QString FichaRegistro::textoControl(const QWidget* w)
-{
-    if (auto* t = qobject_cast<const QLineEdit*>(w))
-        return t->text();
-    if (auto* c = qobject_cast<const QComboBox*>(w))
-        return c->currentText();
-    if (auto* p = qobject_cast<const QPlainTextEdit*>(w))
-        return p->toPlainText();
-    if (auto* x = qobject_cast<const QTextEdit*>(w))
-        return x->toPlainText();
-    if (auto* b = qobject_cast<const QAbstractButton*>(w); b && b->isCheckable())
-        return b->isChecked() ? QStringLiteral("1") : QStringLiteral("0");
-    if (auto* l = qobject_cast<const QLabel*>(w))
-        return l->text();
-    return {};
-}
-
-QStringList FichaRegistro::instantanea(const QList<QWidget*>& controles)
-{
-    QStringList l;
-    for (const QWidget* w : controles)
-        l << textoControl(w);
-    return l;
-}
-
-bool FichaRegistro::difiere(const QList<QWidget*>& controles, const QStringList& copia)
-{
-    for (int i = 0; i < controles.size(); ++i)
-        if (textoControl(controles[i]).toUpper() != copia.value(i).toUpper())
-            return true;
-    return false;
+    cmd_Guardar_Click();
+    return !m_cancelarCierre;
 }
 
 void FichaRegistro::prepararProvincia(QComboBox* cbo)
@@ -255,58 +200,9 @@ QString FichaRegistro::obligatorio(const QString& primeraLinea)
     return primeraLinea + QStringLiteral("\nPor favor, escriba un valor");
 }
 
-QString FichaRegistro::recortado(const QWidget* w) { return textoControl(w).trimmed(); }
+QString FichaRegistro::recortado(const QWidget* w) { return Instantanea::texto(w).trimmed(); }
 
 QString FichaRegistro::nombreCompleto(const QWidget* nombre, const QWidget* apellidos)
 {
-    return (textoControl(nombre) + QLatin1Char(' ') + textoControl(apellidos)).trimmed();
+    return (Instantanea::texto(nombre) + QLatin1Char(' ') + Instantanea::texto(apellidos)).trimmed();
 }
-
-namespace Devolucion {
-
-QWidget* receptor(const QString& pantalla)
-{
-    for (QWidget* w : Pantallas::cargadas())
-        if (w->objectName() == pantalla)
-            return w;
-    return nullptr;
-}
-
-bool escribir(QWidget* receptor, const QString& control, const QString& texto)
-{
-    if (!receptor)
-        return false;
-    QWidget* w = receptor->findChild<QWidget*>(control);
-    if (auto* t = qobject_cast<QLineEdit*>(w))
-        t->setText(texto);
-    else if (auto* l = qobject_cast<QLabel*>(w))
-        l->setText(texto);
-    else if (auto* c = qobject_cast<QComboBox*>(w); c && c->isEditable())
-        c->setEditText(texto);
-    else if (auto* p = qobject_cast<QPlainTextEdit*>(w))
-        p->setPlainText(texto);
-    else if (auto* x = qobject_cast<QTextEdit*>(w))
-        x->setPlainText(texto);
-    else
-        return false;
-    return true;
-}
-
-QString leer(QWidget* receptor, const QString& control)
-{
-    return receptor ? FichaRegistro::textoControl(receptor->findChild<QWidget*>(control)) : QString();
-}
-
-bool agregarFila(QWidget* receptor, const QString& lista, const QString& clave, const QStringList& columnas, bool marcable)
-{
-    auto* arbol = receptor ? receptor->findChild<QTreeWidget*>(lista) : nullptr;
-    if (!arbol)
-        return false;
-    auto* fila = new QTreeWidgetItem(arbol, columnas);
-    ponerClaveFila(fila, clave);
-    if (marcable)
-        fila->setCheckState(0, Qt::Checked);
-    return true;
-}
-
-}  // namespace Devolucion

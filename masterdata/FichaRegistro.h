@@ -1,10 +1,9 @@
 #pragma once
-#include "core/Pantallas.h"
+#include "core/CicloPantalla.h"
+#include "core/Fichas.h"
 
 #include <QList>
 #include <QString>
-#include <QStringList>
-#include <QVariant>
 #include <functional>
 
 class QComboBox;
@@ -12,9 +11,9 @@ class QLineEdit;
 class QPlainTextEdit;
 
 // Base de las fichas de alta y modificación (clientes, arquitectos, arquitectos técnicos,
-// contratistas, costes...): modo en el Tag, código, clave de devolución, copia de los campos
-// para saber si hay cambios, pregunta al salir y el guardado dentro de una transacción.
-class FichaRegistro : public Pantalla {
+// contratistas, costes...): modo en el Tag, código, devolución del registro guardado, pregunta
+// al salir y el guardado dentro de una transacción que se confirma antes de cualquier mensaje.
+class FichaRegistro : public PantallaEdicion {
     Q_OBJECT
 public:
     explicit FichaRegistro(QWidget* padre = nullptr);
@@ -22,29 +21,15 @@ public:
     // Lo que fija quien la abre antes de enseñarla.
     QString operacion;        // "ALTA" o "MODIFICAR" (lo mismo va en el Tag)
     qint64 Codigo = 0;        // registro en mano, en "MODIFICAR"
-    QString ClaveRetorno;     // a quién se devuelve el registro nuevo
+    QString ClaveRetorno;     // nombre de la ruta de devolución, cuando la abre un selector
+    AlGuardar alGuardar;      // recibe el registro guardado; vacío: tras un alta se abre la lista del menú
 
     bool esAlta() const { return tag() == QLatin1String("ALTA"); }
     bool esModificar() const { return tag() == QLatin1String("MODIFICAR"); }
 
-    // Form_Load: se ejecuta una sola vez (quien abre la llama tras fijar las propiedades;
-    // si no, la primera vez que se enseña).
-    void Form_Load();
-    bool cargada() const { return m_cargada; }
-
     virtual bool validarDatos() = 0;
     void cmd_Guardar_Click();
     void cmd_Cerrar_Click();
-
-    // ¿Algún campo difiere de su copia? (comparación en mayúsculas)
-    virtual bool hayCambios() const;
-    // Cierto si el último guardado pidió no cerrar (validación fallida o fallo al guardar).
-    bool cancelarCierre() const { return m_cancelarCierre; }
-
-    // Texto de cada control para la copia: textos tal cual, casillas "1"/"0".
-    static QString textoControl(const QWidget* w);
-    static QStringList instantanea(const QList<QWidget*>& controles);
-    static bool difiere(const QList<QWidget*>& controles, const QStringList& copia);
 
     // Reglas comunes de los campos.
     static void prepararProvincia(QComboBox* cbo);           // lista de PROVINCIAS, 25 caracteres
@@ -64,36 +49,16 @@ public:
 protected:
     // Lo propio de cada ficha.
     virtual void cargarDatos() = 0;                 // límites, filtros, listas y, en "MODIFICAR", el registro
-    virtual void tomarCopias() = 0;                 // copia de los campos tras cargar y guardar
     virtual bool guardarRegistro() = 0;             // escribe la fila; false si no se halla (ya avisado)
     virtual void actualizarCopiasExternas() {}      // cascadas de "MODIFICAR"
-    virtual void devolverAlta() {}                  // escribe el registro nuevo en quien lo pidió
+    virtual RegistroGuardado registroGuardado() const = 0;  // lo que recibe quien la abrió
     virtual QString textoAlta() const = 0;
     virtual QString textoModificado() const = 0;
-    virtual void abrirListaMenu() {}                // la lista del menú, tras un alta sin devolución
+    virtual QString listaMenu() const { return {}; }  // clave de la lista que se abre tras un alta sin devolución
 
-    bool alDescargar() override;
-    void showEvent(QShowEvent* e) override;
+    bool cargar() override;
+    bool guardarAlSalir() override;
 
     // Conecta cmd_Guardar y cmd_Cerrar (por su nombre) con sus manejadores.
     void conectarBotones();
-
-private:
-    bool m_cargada = false;
-    bool m_cancelarCierre = false;
-    bool m_descargando = false;
 };
-
-// Devolución de un registro nuevo a la pantalla que lo pidió: se busca por su nombre entre las
-// cargadas y sus controles también por nombre, de modo que sirve para cualquier receptor.
-namespace Devolucion {
-
-QWidget* receptor(const QString& pantalla);
-// Escribe el texto en el control (cuadro de texto, etiqueta, lista desplegable...). False si no está.
-bool escribir(QWidget* receptor, const QString& control, const QString& texto);
-QString leer(QWidget* receptor, const QString& control);
-// Añade una fila a una lista QTreeWidget: clave ("K" y código), columnas y, si se pide, la marca.
-bool agregarFila(QWidget* receptor, const QString& lista, const QString& clave, const QStringList& columnas,
-                 bool marcable = false);
-
-}  // namespace Devolucion

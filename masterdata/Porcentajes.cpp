@@ -104,7 +104,7 @@ int teclaPorcentaje(int tecla, const QString& texto, bool todoSeleccionado)
         tecla = ',';
     if (tecla == ',' && texto.contains(QLatin1Char(',')) && !todoSeleccionado)
         return 0;
-    return admitirNumeros(tecla, false, true);
+    return admitirNumeros(tecla, {.coma = true});
 }
 
 void instalarFiltroPorcentaje(QLineEdit* campo)
@@ -113,7 +113,7 @@ void instalarFiltroPorcentaje(QLineEdit* campo)
     new FiltroTeclas(campo, [](int tecla, const QString& actual) {
         if (tecla == '.' || (tecla == ',' && actual.contains(QLatin1Char(','))))
             return 0;
-        return admitirNumeros(tecla, false, true);
+        return admitirNumeros(tecla, {.coma = true});
     });
     new FiltroComa(campo);
 }

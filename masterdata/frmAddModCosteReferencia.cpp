@@ -1,7 +1,6 @@
 #include "masterdata/frmAddModCosteReferencia.h"
 
 #include "core/modFunciones.h"
-#include "masterdata/frmConfiguracion.h"
 #include "ui_frmAddModCosteReferencia.h"
 
 #include <QKeyEvent>
@@ -35,7 +34,7 @@ void prepararCoeficiente(QLineEdit* campo)
     new FiltroTeclas(campo, [](int tecla, const QString& actual) {
         if (tecla == ',' && actual.contains(QLatin1Char(',')))
             return 0;
-        return admitirNumeros(tecla, false, true);
+        return admitirNumeros(tecla, {.coma = true});
     });
     new FiltroPuntoComa(campo);  // se consulta antes que el anterior
     FichaRegistro::alSalir(campo, [campo] {
@@ -71,9 +70,15 @@ QList<QWidget*> frmAddModCosteReferencia::controlesCopia() const
     return {ui->txt_Codigo, ui->txt_Tipo, ui->txt_Descripcion, ui->txt_Ct, ui->txt_Cc};
 }
 
-void frmAddModCosteReferencia::tomarCopias() { m_copia = instantanea(controlesCopia()); }
-
-bool frmAddModCosteReferencia::hayCambios() const { return difiere(controlesCopia(), m_copia); }
+RegistroGuardado frmAddModCosteReferencia::registroGuardado() const
+{
+    RegistroGuardado r;
+    r.codigoTexto = ui->txt_Codigo->text().trimmed();
+    r.nombre = ui->txt_Tipo->text().trimmed();
+    r.columnas = {r.codigoTexto, r.nombre, ui->txt_Descripcion->text().trimmed()};
+    r.valores = {Formato::aNumero(ui->txt_Ct->text()), Formato::aNumero(ui->txt_Cc->text())};
+    return r;
+}
 
 void frmAddModCosteReferencia::cargarDatos()
 {
@@ -129,9 +134,6 @@ bool frmAddModCosteReferencia::guardarRegistro()
         {QStringLiteral("CT"), Formato::aNumero(ui->txt_Ct->text())},
         {QStringLiteral("CC"), Formato::aNumero(ui->txt_Cc->text())},
     };
-    auto* conf = Pantallas::cargada<frmConfiguracion>();
-    const QString tipo = ui->txt_Tipo->text().trimmed();
-    const QString descripcion = ui->txt_Descripcion->text().trimmed();
     if (esAlta()) {
         if (existe) {
             Mensajes::aviso(QStringLiteral("Ya existe un coste de referencia con código ") + codigo
@@ -139,9 +141,6 @@ bool frmAddModCosteReferencia::guardarRegistro()
             return false;
         }
         insertar(QStringLiteral("Costes"), Campos{{QStringLiteral("CODIGO"), codigo}} + campos);
-        // La lista de la configuración, cuando es ella quien la abre, recibe la fila sin releer.
-        if (conf && ClaveRetorno.isEmpty())
-            conf->agregarCoste(codigo, tipo, descripcion, campos[2].second, campos[3].second);
         return true;
     }
     if (!existe) {
@@ -149,23 +148,7 @@ bool frmAddModCosteReferencia::guardarRegistro()
         return false;
     }
     actualizar(QStringLiteral("Costes"), campos, QStringLiteral("CODIGO = ?"), {codigo});
-    if (conf)
-        conf->reescribirCosteSeleccionado(codigo, tipo, descripcion, campos[2].second, campos[3].second);
     return true;
-}
-
-void frmAddModCosteReferencia::devolverAlta()
-{
-    // FRMDATOSIMPRESOA3_USO_1 a _6: el tipo va a txt_Usos_0 a _5 del impreso A3.
-    static const QString prefijo = QStringLiteral("FRMDATOSIMPRESOA3_USO_");
-    if (!ClaveRetorno.startsWith(prefijo))
-        return;
-    bool ok = false;
-    const int n = ClaveRetorno.mid(prefijo.size()).toInt(&ok);
-    if (!ok || n < 1 || n > 6)
-        return;
-    Devolucion::escribir(Devolucion::receptor(QStringLiteral("frmDatosImpreso_A3")), QStringLiteral("txt_Usos_%1").arg(n - 1),
-                         ui->txt_Tipo->text().trimmed());
 }
 
 QString frmAddModCosteReferencia::textoAlta() const { return QStringLiteral("Coste de referencia dado de alta correctamente"); }

@@ -17,19 +17,15 @@ public:
     QString CodigoCoste;  // el código de texto del coste, en "MODIFICAR"
 
     bool validarDatos() override;
-    bool hayCambios() const override;
 
 protected:
     void cargarDatos() override;
-    void tomarCopias() override;
+    QList<QWidget*> controlesCopia() const override;
     bool guardarRegistro() override;
-    void devolverAlta() override;
+    RegistroGuardado registroGuardado() const override;
     QString textoAlta() const override;
     QString textoModificado() const override;
 
 private:
-    QList<QWidget*> controlesCopia() const;
-
     std::unique_ptr<Ui::frmAddModCosteReferencia> ui;
-    QStringList m_copia;
 };

@@ -1,6 +1,5 @@
 #include "masterdata/frmAparejador.h"
 
-#include "app/frmMenu.h"
 #include "core/Iconos.h"
 #include "core/modFunciones.h"
 #include "ui_frmAparejador.h"
@@ -36,13 +35,4 @@ void frmAparejador::ActualizarDatosAparejador_Proyecto()
              {numero(), nombre(), QString::number(numeroAnterior())});
 }
 
-void frmAparejador::devolverAlta()
-{
-    if (ClaveRetorno == QLatin1String("FRMPROYECTO_APAREJADOR"))
-        devolverCodigoNombre(QStringLiteral("frmProyecto"), QStringLiteral("lbl_CodAparejador"), QStringLiteral("txt_Aparejador"));
-    else if (ClaveRetorno == QLatin1String("FRMDATOSIMPRESOB4_PROPIO_PERCEPTOR"))
-        devolverCodigoNombre(QStringLiteral("frmDatosImpreso_B4_Propio"), QStringLiteral("txt_CodPerceptor"),
-                             QStringLiteral("txt_Perceptor"));
-}
-
-void frmAparejador::abrirListaMenu() { frmMenu::instancia()->mnu_Aparejadores_Click(); }
+QString frmAparejador::listaMenu() const { return QStringLiteral("APAREJADORES"); }

@@ -18,8 +18,7 @@ public:
 
 protected:
     void actualizarCopiasExternas() override { ActualizarDatosAparejador_Proyecto(); }
-    void devolverAlta() override;
-    void abrirListaMenu() override;
+    QString listaMenu() const override;
 
 private:
     std::unique_ptr<Ui::frmAparejador> ui;

@@ -1,10 +1,7 @@
 #include "masterdata/frmArquitecto.h"
 
-#include "app/frmMenu.h"
 #include "core/Iconos.h"
 #include "core/modFunciones.h"
-#include "masterdata/frmConfiguracion.h"
-#include "search/frmBuscarSeleccionar.h"
 #include "ui_frmArquitecto.h"
 
 namespace {
@@ -104,44 +101,4 @@ void frmArquitecto::ActualizarDatosArquitecto_DatosB4()
               texto("txt_Telefono1"), texto("txt_CP"), Codigo});
 }
 
-void frmArquitecto::devolverAlta()
-{
-    const QString clave = QString::number(claveNueva());
-    const QString k = QStringLiteral("K") + clave;
-    if (ClaveRetorno == QLatin1String("FRMPROYECTO_ARQUITECTO")) {
-        Devolucion::agregarFila(Devolucion::receptor(QStringLiteral("frmProyecto")), QStringLiteral("lvw_Arquitectos"), k,
-                                {nombre(), numero(), QString(), QStringLiteral("NO")});
-    } else if (ClaveRetorno == QLatin1String("FRMPROYECTO_AUTOR")) {
-        // El selector de autores sigue abierto: la fila nueva entra marcada.
-        if (auto* selector = Pantallas::cargada<frmBuscarSeleccionar>())
-            selector->agregarFila({clave,
-                                   {numero(), texto("txt_Nombre"), texto("txt_Apellidos"), texto("txt_NIF"), texto("txt_Domicilio"),
-                                    texto("txt_Municipio"), texto("cbo_Provincia")},
-                                   true});
-    } else if (ClaveRetorno == QLatin1String("FRMDATOSIMPRESOB4_PERCEPTOR")) {
-        devolverCodigoNombre(QStringLiteral("frmDatosImpreso_B4"), QStringLiteral("txt_CodPerceptor"), QStringLiteral("txt_Perceptor"));
-    } else if (ClaveRetorno == QLatin1String("FRMDATOSIMPRESOB4_PROPIO_PERCEPTOR")) {
-        devolverCodigoNombre(QStringLiteral("frmDatosImpreso_B4_Propio"), QStringLiteral("txt_CodPerceptor"),
-                             QStringLiteral("txt_Perceptor"));
-    } else if (ClaveRetorno == QLatin1String("FRMDATOSIMPRESOB1B3B4_EMISOR")) {
-        devolverCodigoNombre(QStringLiteral("frmDatosImpreso_B1_B3_B4"), QStringLiteral("txt_CodEmisor"), QStringLiteral("txt_Emisor"));
-    } else if (ClaveRetorno == QLatin1String("FRMDATOSIMPRESO_CERTIFICADO")) {
-        devolverCodigoNombre(QStringLiteral("frmDatosImpreso_Certificado"), QStringLiteral("txt_CodArq"), QStringLiteral("txt_NomArq"));
-    } else if (ClaveRetorno == QLatin1String("FRMPROYECTO_COORDINADOR")) {
-        devolverCodigoNombre(QStringLiteral("frmProyecto"), QStringLiteral("lbl_CodCoordinadorSyS"), QStringLiteral("txt_CoordinadorSyS"));
-    } else if (ClaveRetorno.startsWith(QLatin1String("FRMCONFIGURACION_"))) {
-        // La configuración recibe nombre y número, no el código; y los datos del estudio.
-        auto* conf = Pantallas::cargada<frmConfiguracion>();
-        if (!conf)
-            return;
-        const frmConfiguracion::DatosEstudio datos{texto("txt_Domicilio"), texto("txt_NIF"),      texto("txt_CP"),
-                                                   texto("txt_Municipio"), texto("cbo_Provincia"), texto("txt_Telefono1"),
-                                                   texto("txt_Fax"),       texto("txt_Movil"),     texto("txt_Correo")};
-        if (ClaveRetorno == QLatin1String("FRMCONFIGURACION_SOCIEDAD_PROFESIONAL"))
-            conf->recibirNuevaSociedad(nombre(), numero(), datos);
-        else if (ClaveRetorno.startsWith(QLatin1String("FRMCONFIGURACION_ARQUITECTO_")))
-            conf->recibirNuevoArquitecto(ClaveRetorno.right(1).toInt(), nombre(), numero(), datos);
-    }
-}
-
-void frmArquitecto::abrirListaMenu() { frmMenu::instancia()->mnu_Arquitectos_Click(); }
+QString frmArquitecto::listaMenu() const { return QStringLiteral("ARQUITECTOS"); }

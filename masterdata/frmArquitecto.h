@@ -22,8 +22,7 @@ public:
 
 protected:
     void actualizarCopiasExternas() override;
-    void devolverAlta() override;
-    void abrirListaMenu() override;
+    QString listaMenu() const override;
 
 private:
     std::unique_ptr<Ui::frmArquitecto> ui;

@@ -1,6 +1,5 @@
 #include "masterdata/frmCliente.h"
 
-#include "app/frmMenu.h"
 #include "core/Iconos.h"
 #include "core/modFunciones.h"
 #include "ui_frmCliente.h"
@@ -42,20 +41,21 @@ QList<QWidget*> frmCliente::controlesRepresentante() const
             ui->txt_Notas_Representante};
 }
 
-void frmCliente::cargarInformacionCliente() { m_copiaCliente = instantanea(controlesCliente()); }
-void frmCliente::cargarInformacionRepresentante() { m_copiaRepresentante = instantanea(controlesRepresentante()); }
-bool frmCliente::PreguntarGuardarCambios() const { return difiere(controlesCliente(), m_copiaCliente); }
-bool frmCliente::PreguntarGuardarCambiosRepresentante() const
-{
-    return difiere(controlesRepresentante(), m_copiaRepresentante);
-}
+// La copia cubre las dos pestañas: un cambio en la del representante cuenta aunque esté apagada.
+QList<QWidget*> frmCliente::controlesCopia() const { return controlesCliente() + controlesRepresentante(); }
 
-bool frmCliente::hayCambios() const { return PreguntarGuardarCambios() || PreguntarGuardarCambiosRepresentante(); }
-
-void frmCliente::tomarCopias()
+RegistroGuardado frmCliente::registroGuardado() const
 {
-    cargarInformacionCliente();
-    cargarInformacionRepresentante();
+    RegistroGuardado r;
+    r.codigo = m_claveNueva;
+    r.nombre = nombreCompleto(ui->txt_Nombre, ui->txt_Apellidos);
+    r.nif = recortado(ui->txt_NIF);
+    const qint64 claveRep = ui->lbl_CodRepresentante->text().trimmed().toLongLong();
+    r.codigoRepresentante = claveRep >= 1 ? QString::number(claveRep) : QString();
+    r.nifRepresentante = recortado(ui->txt_NIF_Representante);
+    r.nombreRepresentante = nombreCompleto(ui->txt_Nombre_Representante, ui->txt_Apellidos_Representante);
+    r.representacion = recortado(ui->txt_Representacion);
+    return r;
 }
 
 bool frmCliente::tieneRepresentante() const { return ui->mst_1->isTabEnabled(1); }
@@ -87,8 +87,8 @@ void frmCliente::cargarDatos()
     setWindowIcon(Iconos::icono(QStringLiteral("cliente")));
     prepararProvincia(ui->cbo_Provincia_Cliente);
     prepararProvincia(ui->cbo_Provincia_Representante);
-    instalarFiltroNumeros(ui->txt_CP, false, false);
-    instalarFiltroNumeros(ui->txt_CP_Representante, false, false);
+    instalarFiltroNumeros(ui->txt_CP);
+    instalarFiltroNumeros(ui->txt_CP_Representante);
     instalarFiltroNIF(ui->txt_NIF);
     limitarNotas(ui->txt_Notas, 255);
     limitarNotas(ui->txt_Notas_Representante, 255);
@@ -294,34 +294,6 @@ void frmCliente::ActualizarDatosCliente_DatosB4()
               recortado(ui->txt_CP), Codigo});
 }
 
-void frmCliente::devolverAlta()
-{
-    const QString clave = QString::number(m_claveNueva);
-    const QString nombre = nombreCompleto(ui->txt_Nombre, ui->txt_Apellidos);
-    if (ClaveRetorno == QLatin1String("FRMPROYECTO_CLIENTE")) {
-        QWidget* r = Devolucion::receptor(QStringLiteral("frmProyecto"));
-        if (!r)
-            return;
-        const qint64 claveRep = ui->lbl_CodRepresentante->text().trimmed().toLongLong();
-        Devolucion::escribir(r, QStringLiteral("lbl_CodCliente"), clave);
-        Devolucion::escribir(r, QStringLiteral("lbl_NIFCliente"), recortado(ui->txt_NIF));
-        Devolucion::escribir(r, QStringLiteral("txt_Cliente"), nombre);
-        Devolucion::escribir(r, QStringLiteral("lbl_CodRepresentante"), claveRep >= 1 ? QString::number(claveRep) : QString());
-        Devolucion::escribir(r, QStringLiteral("lbl_NIFRepresentante"), recortado(ui->txt_NIF_Representante));
-        Devolucion::escribir(r, QStringLiteral("txt_Representante"),
-                             nombreCompleto(ui->txt_Nombre_Representante, ui->txt_Apellidos_Representante));
-        Devolucion::escribir(r, QStringLiteral("txt_RepresentacionOstentada"), recortado(ui->txt_Representacion));
-    } else if (ClaveRetorno == QLatin1String("FRMDATOSIMPRESOB4_PAGADOR")) {
-        QWidget* r = Devolucion::receptor(QStringLiteral("frmDatosImpreso_B4"));
-        Devolucion::escribir(r, QStringLiteral("txt_CodPagador"), clave);
-        Devolucion::escribir(r, QStringLiteral("txt_Pagador"), nombre);
-    } else if (ClaveRetorno == QLatin1String("FRMDATOSIMPRESOB4_PROPIO_PERCEPTOR")) {
-        QWidget* r = Devolucion::receptor(QStringLiteral("frmDatosImpreso_B4_Propio"));
-        Devolucion::escribir(r, QStringLiteral("txt_CodPerceptor"), clave);
-        Devolucion::escribir(r, QStringLiteral("txt_Perceptor"), nombre);
-    }
-}
-
 QString frmCliente::textoAlta() const { return QStringLiteral("Cliente dado de alta correctamente"); }
 QString frmCliente::textoModificado() const { return QStringLiteral("Datos del cliente modificados correctamente"); }
-void frmCliente::abrirListaMenu() { frmMenu::instancia()->mnu_Clientes_Click(); }
+QString frmCliente::listaMenu() const { return QStringLiteral("CLIENTES"); }

@@ -18,12 +18,7 @@ public:
     void img_Validar_Click();
     void img_Validar_Representante_Click();
 
-    void cargarInformacionCliente();
-    void cargarInformacionRepresentante();
-    bool PreguntarGuardarCambios() const;
-    bool PreguntarGuardarCambiosRepresentante() const;
     bool validarDatos() override;
-    bool hayCambios() const override;
 
     void ActualizarDatosCliente_Proyecto();
     void ActualizarDatosCliente_DatosB4();
@@ -33,20 +28,18 @@ public:
 
 protected:
     void cargarDatos() override;
-    void tomarCopias() override;
+    QList<QWidget*> controlesCopia() const override;
     bool guardarRegistro() override;
     void actualizarCopiasExternas() override;
-    void devolverAlta() override;
+    RegistroGuardado registroGuardado() const override;
     QString textoAlta() const override;
     QString textoModificado() const override;
-    void abrirListaMenu() override;
+    QString listaMenu() const override;
 
 private:
     QList<QWidget*> controlesCliente() const;
     QList<QWidget*> controlesRepresentante() const;
 
     std::unique_ptr<Ui::frmCliente> ui;
-    QStringList m_copiaCliente;
-    QStringList m_copiaRepresentante;
     qint64 m_claveNueva = 0;
 };

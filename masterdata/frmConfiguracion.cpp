@@ -1,6 +1,7 @@
 #include "masterdata/frmConfiguracion.h"
 
 #include "core/Iconos.h"
+#include <QPointer>
 #include "core/modFunciones.h"
 #include "core/Programa.h"
 #include "masterdata/FichaRegistro.h"
@@ -63,9 +64,7 @@ void escribirFilaCoste(QTreeWidgetItem* fila, const QString& codigo, const QStri
 
 }  // namespace
 
-std::function<void(const frmConfiguracion::PeticionSelector&)> frmConfiguracion::abridorSelector;
-
-frmConfiguracion::frmConfiguracion(QWidget* padre) : Pantalla(padre), ui(std::make_unique<Ui::frmConfiguracion>())
+frmConfiguracion::frmConfiguracion(QWidget* padre) : PantallaEdicion(padre), ui(std::make_unique<Ui::frmConfiguracion>())
 {
     ui->setupUi(this);
     for (int i = 1; i <= 4; ++i)
@@ -90,8 +89,8 @@ frmConfiguracion::frmConfiguracion(QWidget* padre) : Pantalla(padre), ui(std::ma
         if (t != ui->txt_ModuloM->text())
             ui->txt_ModuloM->setText(t);
     });
-    instalarFiltroNumeros(ui->txt_Iva, false, false);
-    instalarFiltroNumeros(ui->txt_Irpf, false, false);
+    instalarFiltroNumeros(ui->txt_Iva);
+    instalarFiltroNumeros(ui->txt_Irpf);
 
     connect(ui->cmd_Cambiar, &QPushButton::clicked, this, [this] { cmd_Cambiar_Click(); });
     connect(ui->cmd_CambiarRutaExcel, &QPushButton::clicked, this, [this] { cmd_CambiarRutaExcel_Click(); });
@@ -174,23 +173,9 @@ QList<QWidget*> frmConfiguracion::controlesCopia() const
     return l;
 }
 
-void frmConfiguracion::tomarCopia() { m_copia = FichaRegistro::instantanea(controlesCopia()); }
-
-bool frmConfiguracion::PreguntarGuardarCambios() const { return FichaRegistro::difiere(controlesCopia(), m_copia); }
-
-void frmConfiguracion::showEvent(QShowEvent* e)
+bool frmConfiguracion::cargar()
 {
-    if (!m_cargada)
-        Form_Load();
-    Pantalla::showEvent(e);
-}
-
-void frmConfiguracion::Form_Load()
-{
-    if (m_cargada)
-        return;
-    m_cargada = true;
-    guardia(FORMULARIO, QStringLiteral("Form_Load"), [&] {
+    {
         {
             UsoConexion uso;
             Consulta c(QStringLiteral("SELECT * FROM Config"));
@@ -225,24 +210,44 @@ void frmConfiguracion::Form_Load()
         ui->txt_RutaExcel->setText(leerAjuste(QStringLiteral("EXPORTACION"), QStringLiteral("rutaExcel")));
         ui->txt_RutaPdf->setText(leerAjuste(QStringLiteral("EXPORTACION"), QStringLiteral("rutaPdf")));
         CargarCostesDeReferencia();
-        tomarCopia();
-    });
+    }
+    return true;
 }
 
 // --- Arquitectos y sociedad ---
 
-frmConfiguracion::PeticionSelector frmConfiguracion::peticionSelector(int indice)
+PeticionSelector frmConfiguracion::peticionSelector(int indice)
 {
-    PeticionSelector p;
-    p.tag = QStringLiteral("SELECCIONAR_EN_CONFIGURACION");
-    p.titulo = QStringLiteral("Buscar arquitecto");
+    QPointer<frmConfiguracion> yo(this);
+    PeticionSelector p{.claveLlamada = QStringLiteral("SELECCIONAR_EN_CONFIGURACION"),
+                       .titulo = QStringLiteral("Buscar arquitecto"),
+                       .llamador = this};
     if (indice == 4) {
         p.tabla = QStringLiteral("ARQUITECTOS_SOCIEDAD");
         p.claveRetorno = QStringLiteral("FRMCONFIGURACION_SOCIEDAD_PROFESIONAL");
+        p.alElegir = [yo](const Eleccion& e) {
+            if (yo)
+                yo->recibirSociedad(e.codigo, e.nombreCompleto, e.texto(0));
+            return true;
+        };
+        p.alDarDeAlta = [yo](const RegistroGuardado& r) {
+            if (yo)
+                yo->recibirNuevaSociedad(r.nombre, r.numero, r.contacto);
+        };
     } else {
+        const int posicion = indice + 1;
         p.tabla = QStringLiteral("ARQUITECTOS_SIMPLE");
-        p.claveRetorno = n("FRMCONFIGURACION_ARQUITECTO_", indice + 1);
-        p.posicion = static_cast<short>(indice + 1);
+        p.claveRetorno = n("FRMCONFIGURACION_ARQUITECTO_", posicion);
+        p.posicion = static_cast<short>(posicion);
+        p.alElegir = [yo, posicion](const Eleccion& e) {
+            if (yo)
+                yo->recibirArquitecto(posicion, e.codigo, e.nombreCompleto, e.texto(0));
+            return true;
+        };
+        p.alDarDeAlta = [yo, posicion](const RegistroGuardado& r) {
+            if (yo)
+                yo->recibirNuevoArquitecto(posicion, r.nombre, r.numero, r.contacto);
+        };
     }
     return p;
 }
@@ -257,11 +262,7 @@ void frmConfiguracion::img_Buscar_Click(int indice)
             Mensajes::aviso(QStringLiteral("Antes de incluir este arquitecto, debe completar primero los arquitectos anteriores"));
             return;
         }
-        const PeticionSelector p = peticionSelector(indice);
-        if (abridorSelector)
-            abridorSelector(p);
-        else
-            frmBuscarSeleccionar::abrir(p.tabla, p.tag, p.titulo, p.claveRetorno, p.posicion);
+        frmBuscarSeleccionar::abrir(peticionSelector(indice));
     });
 }
 
@@ -299,7 +300,7 @@ void frmConfiguracion::img_Borrar_Click(int indice)
     });
 }
 
-void frmConfiguracion::ponerDatosEstudio(const DatosEstudio& d)
+void frmConfiguracion::ponerDatosEstudio(const DatosContacto& d)
 {
     ui->txt_Domicilio->setText(d.domicilio);
     ui->txt_NIF->setText(d.nif);
@@ -349,7 +350,7 @@ void frmConfiguracion::recibirSociedad(qint64 codigo, const QString& nombreCompl
     });
 }
 
-void frmConfiguracion::recibirNuevoArquitecto(int posicion, const QString& nombre, const QString& numero, const DatosEstudio& datos)
+void frmConfiguracion::recibirNuevoArquitecto(int posicion, const QString& nombre, const QString& numero, const DatosContacto& datos)
 {
     if (posicion < 1 || posicion > 4)
         return;
@@ -359,7 +360,7 @@ void frmConfiguracion::recibirNuevoArquitecto(int posicion, const QString& nombr
         ponerDatosEstudio(datos);
 }
 
-void frmConfiguracion::recibirNuevaSociedad(const QString& nombre, const QString& numeroRegistro, const DatosEstudio& datos)
+void frmConfiguracion::recibirNuevaSociedad(const QString& nombre, const QString& numeroRegistro, const DatosContacto& datos)
 {
     ui->txt_Sociedad->setText(nombre);
     ui->txt_NumRegistro->setText(numeroRegistro);
@@ -490,21 +491,15 @@ void frmConfiguracion::cmd_Guardar_Click()
         m_cancelarCierre = true;
 }
 
+bool frmConfiguracion::guardarAlSalir()
+{
+    cmd_Guardar_Click();
+    return !m_cancelarCierre;
+}
+
 void frmConfiguracion::cmd_Cerrar_Click()
 {
     guardia(FORMULARIO, QStringLiteral("cmd_Cerrar_Click"), [&] { Pantallas::descargar(this); });
-}
-
-bool frmConfiguracion::alDescargar()
-{
-    bool cerrar = true;
-    guardia(FORMULARIO, QStringLiteral("Form_Unload"), [&] {
-        cerrar = Pantallas::preguntarGuardarAlSalir(PreguntarGuardarCambios(), [&] {
-            cmd_Guardar_Click();
-            return !m_cancelarCierre;
-        });
-    });
-    return cerrar;
 }
 
 // --- Costes de referencia ---
@@ -554,6 +549,17 @@ void frmConfiguracion::abrirFichaCoste(const QString& operacion, const QString& 
     f->setTag(operacion);
     f->setWindowTitle(operacion == QLatin1String("ALTA") ? QStringLiteral("Nuevo coste") : QStringLiteral("Modificar coste"));
     f->CodigoCoste = codigo;
+    // La lista de costes recibe la fila guardada sin releer la tabla.
+    QPointer<frmConfiguracion> yo(this);
+    f->alGuardar = [yo](const RegistroGuardado& r) {
+        if (!yo)
+            return;
+        const QVariant ct = r.valores.value(0), cc = r.valores.value(1);
+        if (r.operacion == QLatin1String("ALTA"))
+            yo->agregarCoste(r.codigoTexto, r.nombre, r.columnas.value(2), ct, cc);
+        else
+            yo->reescribirCosteSeleccionado(r.codigoTexto, r.nombre, r.columnas.value(2), ct, cc);
+    };
     f->Form_Load();
     Pantallas::mostrar(f);
 }

@@ -1,5 +1,7 @@
 #pragma once
-#include "core/Pantallas.h"
+#include "core/CicloPantalla.h"
+#include "core/Fichas.h"
+#include "search/frmBuscarSeleccionar.h"
 
 #include <QStringList>
 #include <QVariant>
@@ -17,7 +19,7 @@ class frmConfiguracion;
 // Configuración del estudio: la fila única de Config (arquitectos, sociedad, domicilio,
 // módulo, IVA, IRPF, Agencia Tributaria), las carpetas de inicio.ini y los costes de referencia.
 // Pestañas: 0 estudio, 1 "Parámetros", 2 carpetas, 3 costes de referencia.
-class frmConfiguracion : public Pantalla {
+class frmConfiguracion : public PantallaEdicion {
     Q_OBJECT
 public:
     explicit frmConfiguracion(QWidget* padre = nullptr);
@@ -28,30 +30,17 @@ public:
     static frmConfiguracion* abrir(int pestana);
     QTabWidget* pestanas() const;
 
-    void Form_Load();
+    // Lo que abre el selector de arquitectos de cada botón (0 a 3 los arquitectos, 4 la sociedad),
+    // con la devolución de lo elegido y del registro nuevo a esta pantalla.
+    PeticionSelector peticionSelector(int indice);
 
-    // Lo que abre el selector de arquitectos (frmBuscarSeleccionar).
-    struct PeticionSelector {
-        QString tabla;          // "ARQUITECTOS_SIMPLE" o "ARQUITECTOS_SOCIEDAD"
-        QString tag;            // "SELECCIONAR_EN_CONFIGURACION"
-        QString titulo;         // "Buscar arquitecto"
-        QString claveRetorno;   // "FRMCONFIGURACION_ARQUITECTO_n" o "FRMCONFIGURACION_SOCIEDAD_PROFESIONAL"
-        short posicion = 0;     // 1 a 4; 0 la sociedad
-    };
-    static PeticionSelector peticionSelector(int indice);
-    // Sustituye la apertura de frmBuscarSeleccionar (pruebas); vacío, se abre el selector.
-    static std::function<void(const PeticionSelector&)> abridorSelector;
-
-    // Devolución del selector ("SELECCIONAR_EN_CONFIGURACION"): posición 1 a 4.
+    // Lo elegido en el selector: posición 1 a 4.
     void recibirArquitecto(int posicion, qint64 codigo, const QString& nombreCompleto, const QString& numero);
     void recibirSociedad(qint64 codigo, const QString& nombreCompleto, const QString& numeroRegistro);
 
-    // Devolución de una ficha de arquitecto nueva (claves "FRMCONFIGURACION_..."): no escribe el código.
-    struct DatosEstudio {
-        QString domicilio, nif, codigoPostal, municipio, provincia, telefono, fax, movil, correo;
-    };
-    void recibirNuevoArquitecto(int posicion, const QString& nombre, const QString& numero, const DatosEstudio& datos);
-    void recibirNuevaSociedad(const QString& nombre, const QString& numeroRegistro, const DatosEstudio& datos);
+    // Una ficha de arquitecto nueva dada de alta desde el selector: no escribe el código.
+    void recibirNuevoArquitecto(int posicion, const QString& nombre, const QString& numero, const DatosContacto& datos);
+    void recibirNuevaSociedad(const QString& nombre, const QString& numeroRegistro, const DatosContacto& datos);
 
     // Lista de costes: la ficha de costes escribe en ella al dar de alta o modificar.
     QTreeWidget* listaCostes() const;
@@ -75,28 +64,22 @@ public:
     void CargarCostesDeReferencia();
 
     bool validarDatos();
-    bool PreguntarGuardarCambios() const;
-    bool cancelarCierre() const { return m_cancelarCierre; }
 
 protected:
-    bool alDescargar() override;
-    void showEvent(QShowEvent* e) override;
+    bool cargar() override;
+    QList<QWidget*> controlesCopia() const override;
+    bool guardarAlSalir() override;
 
 private:
     QLineEdit* caja(const QString& nombre) const;
     QList<QLineEdit*> cajasDomicilio() const;   // las nueve del domicilio y contacto
-    QList<QWidget*> controlesCopia() const;
     void cargarDatosEstudio(qint64 codigo);
-    void ponerDatosEstudio(const DatosEstudio& d);
-    void tomarCopia();
+    void ponerDatosEstudio(const DatosContacto& d);
     void abrirFichaCoste(const QString& operacion, const QString& codigo);
 
     std::unique_ptr<Ui::frmConfiguracion> ui;
     QToolBar* tlb_BotoneraCostes = nullptr;
     QToolBar* tlb_BotoneraImprimir = nullptr;
-    QStringList m_copia;
-    bool m_cargada = false;
-    bool m_cancelarCierre = false;
     int m_columnaOrden = -1;
     Qt::SortOrder m_sentido = Qt::AscendingOrder;
 };

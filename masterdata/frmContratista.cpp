@@ -1,6 +1,5 @@
 #include "masterdata/frmContratista.h"
 
-#include "app/frmMenu.h"
 #include "core/Iconos.h"
 #include "core/modFunciones.h"
 #include "ui_frmContratista.h"
@@ -36,13 +35,4 @@ void frmContratista::ActualizarDatosConstructor_Proyecto()
     ejecutar(QStringLiteral("UPDATE Proyectos_A SET CONNOM = ? WHERE Codigo_Constructor = ?"), {nombre(), Codigo});
 }
 
-void frmContratista::devolverAlta()
-{
-    if (ClaveRetorno == QLatin1String("FRMPROYECTO_CONSTRUCTOR"))
-        devolverCodigoNombre(QStringLiteral("frmProyecto"), QStringLiteral("lbl_CodConstructor"), QStringLiteral("txt_Constructor"));
-    else if (ClaveRetorno == QLatin1String("FRMDATOSIMPRESOB4_PROPIO_PERCEPTOR"))
-        devolverCodigoNombre(QStringLiteral("frmDatosImpreso_B4_Propio"), QStringLiteral("txt_CodPerceptor"),
-                             QStringLiteral("txt_Perceptor"));
-}
-
-void frmContratista::abrirListaMenu() { frmMenu::instancia()->mnu_Contratistas_Click(); }
+QString frmContratista::listaMenu() const { return QStringLiteral("CONTRATISTAS"); }

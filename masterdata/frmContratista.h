@@ -18,8 +18,7 @@ public:
 
 protected:
     void actualizarCopiasExternas() override { ActualizarDatosConstructor_Proyecto(); }
-    void devolverAlta() override;
-    void abrirListaMenu() override;
+    QString listaMenu() const override;
 
 private:
     std::unique_ptr<Ui::frmContratista> ui;

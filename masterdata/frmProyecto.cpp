@@ -1,13 +1,12 @@
 #include "masterdata/frmProyecto.h"
 
-#include "app/frmMenu.h"
+#include "core/Fichas.h"
 #include "core/Iconos.h"
 #include "core/modFunciones.h"
 #include "masterdata/FichaRegistro.h"
 #include "masterdata/Porcentajes.h"
 #include "masterdata/frmOpcionesArquitecto.h"
 #include "search/AbrirBusqueda.h"
-#include "search/AperturaFichas.h"
 #include "search/frmBuscarSeleccionar.h"
 #include "ui_frmProyecto.h"
 
@@ -110,27 +109,6 @@ void insertarEnlaces(const QString& tabla, const QString& campo, qint64 pryCod, 
         insertar(tabla, {{QStringLiteral("PryCod"), pryCod}, {campo, codigoONulo(parte)}});
 }
 
-// Pantalla que recibe el proyecto nuevo, por clave de devolución.
-QString receptorDeClave(const QString& clave)
-{
-    static const QList<QPair<QString, QString>> tabla = {
-        {"FRMDATOSIMPRESOA1_PROYECTO", "frmDatosImpreso_A1"},
-        {"FRMDATOSIMPRESOA2_PROYECTO", "frmDatosImpreso_A2"},
-        {"FRMDATOSIMPRESOA3_PROYECTO", "frmDatosImpreso_A3"},
-        {"FRMDATOSIMPRESOA4_PROYECTO", "frmDatosImpreso_A4"},
-        {"FRMDATOSIMPRESOA5_PROYECTO", "frmDatosImpreso_A5"},
-        {"FRMDATOSIMPRESOB1B3B4_PROYECTO", "frmDatosImpreso_B1_B3_B4"},
-        {"FRMDATOSIMPRESOB2_PROYECTO", "frmDatosImpreso_B2"},
-        {"FRMDATOSIMPRESOCFO_PROYECTO", "frmDatosImpreso_CertificadoFinObra"},
-        {"FRMDATOSIMPRESOCSS_PROYECTO", "frmDatosImpreso_CSS"},
-        {"FRMDATOSIMPRESOCDC_PROYECTO", "frmDatosImpreso_ComunicadoDireccionCoordinador"},
-    };
-    for (const auto& [k, pantalla] : tabla)
-        if (k == clave)
-            return pantalla;
-    return {};
-}
-
 // Los selectores de cada par de botones: tabla, clave de devolución y título.
 struct Selector {
     const char* tabla;
@@ -147,35 +125,9 @@ const Selector SELECTORES[7] = {
     {"COORDINADOR_SS", "FRMPROYECTO_COORDINADOR", "Buscar coordinador Seguridad y Salud"},
 };
 
-// Primera acción del usuario tras la salida del guardado sin proyecto.
-class VigilanteAccion : public QObject {
-public:
-    VigilanteAccion(frmProyecto* ficha, std::function<void()> alActuar) : QObject(ficha), m_accion(std::move(alActuar))
-    {
-        qApp->installEventFilter(this);
-    }
-
-protected:
-    bool eventFilter(QObject*, QEvent* e) override
-    {
-        const auto t = e->type();
-        if (t == QEvent::MouseButtonPress || t == QEvent::KeyPress || t == QEvent::Close) {
-            qApp->removeEventFilter(this);
-            auto accion = std::move(m_accion);
-            deleteLater();
-            if (accion)
-                accion();
-        }
-        return false;
-    }
-
-private:
-    std::function<void()> m_accion;
-};
-
 }  // namespace
 
-frmProyecto::frmProyecto(QWidget* padre) : Pantalla(padre), ui(std::make_unique<Ui::frmProyecto>())
+frmProyecto::frmProyecto(QWidget* padre) : PantallaEdicion(padre), ui(std::make_unique<Ui::frmProyecto>())
 {
     ui->setupUi(this);
 
@@ -204,7 +156,7 @@ frmProyecto::frmProyecto(QWidget* padre) : Pantalla(padre), ui(std::make_unique<
     new FiltroTeclas(ui->txt_NumExpediente, [](int tecla, const QString& actual) {
         if (tecla == '-')
             return actual.contains(QLatin1Char('-')) ? 0 : tecla;
-        return admitirNumeros(tecla, false, false);
+        return admitirNumeros(tecla);
     });
 
     // Al salir de las fechas se normalizan ("1/2/2008" queda "01/02/2008").
@@ -244,14 +196,7 @@ frmProyecto::frmProyecto(QWidget* padre) : Pantalla(padre), ui(std::make_unique<
     });
 }
 
-frmProyecto::~frmProyecto() { terminarSalidaPendiente(); }
-
-void frmProyecto::showEvent(QShowEvent* e)
-{
-    if (!m_cargada)
-        Form_Load();
-    Pantalla::showEvent(e);
-}
+frmProyecto::~frmProyecto() = default;
 
 bool frmProyecto::eventFilter(QObject* objeto, QEvent* evento)
 {
@@ -273,19 +218,16 @@ bool frmProyecto::eventFilter(QObject* objeto, QEvent* evento)
             m_ayuda->move(p);
         }
     }
-    return Pantalla::eventFilter(objeto, evento);
+    return PantallaEdicion::eventFilter(objeto, evento);
 }
 
 // ---------------------------------------------------------------------------------------------
 // Carga
 
-void frmProyecto::Form_Load()
+bool frmProyecto::cargar()
 {
-    if (m_cargada)
-        return;
-    m_cargada = true;
-    if (guardia(FORMULARIO, QStringLiteral("Form_Load"), [&] { cargarDatosProyecto(); }))
-        guardia(FORMULARIO, QStringLiteral("Form_Load"), [&] { cargarInformacionProyecto(); });
+    cargarDatosProyecto();
+    return true;
 }
 
 QTreeWidgetItem* frmProyecto::agregarFilaArquitecto(qint64 codigo, const QString& nombre, const QString& numero,
@@ -302,7 +244,6 @@ QTreeWidgetItem* frmProyecto::agregarFilaArquitecto(qint64 codigo, const QString
 void frmProyecto::cargarDatosProyecto()
 {
     UsoConexion uso;
-    m_copiaListaVacia = true;
 
     // Provincias: texto libre sobre la lista, 25 caracteres como mucho; al salir se corta.
     QComboBox* cbo = ui->cbo_Provincia;
@@ -472,43 +413,7 @@ QList<QWidget*> frmProyecto::controlesCopia() const
             ui->txt_NumExpediente, ui->msk_FechaVisado,    ui->msk_FechaFinDeObra, ui->chk_Fase_0,
             ui->chk_Fase_1,        ui->chk_Fase_2,         ui->chk_Fase_3,        ui->txt_Notas,
             ui->txt_AutorProyecto, ui->txt_Cliente,        ui->txt_Representante, ui->txt_RepresentacionOstentada,
-            ui->txt_Aparejador,    ui->txt_Constructor,    ui->txt_CoordinadorSyS};
-}
-
-void frmProyecto::cargarInformacionProyecto()
-{
-    m_copiaCampos = FichaRegistro::instantanea(controlesCopia());
-    m_copiaLista.clear();
-    QTreeWidget* lvw = ui->lvw_Arquitectos;
-    for (int i = 0; i < lvw->topLevelItemCount(); ++i) {
-        const QTreeWidgetItem* f = lvw->topLevelItem(i);
-        m_copiaLista << CopiaFila{claveFila(f), f->text(0), f->text(1), f->text(2), f->text(3),
-                                  f->checkState(0) == Qt::Checked ? QStringLiteral("1") : QStringLiteral("0")};
-        m_copiaListaVacia = false;
-    }
-}
-
-bool frmProyecto::PreguntarGuardarCambios() const
-{
-    if (FichaRegistro::difiere(controlesCopia(), m_copiaCampos))
-        return true;
-    const QTreeWidget* lvw = ui->lvw_Arquitectos;
-    const int n = lvw->topLevelItemCount();
-    if (m_copiaListaVacia)
-        return n > 0;
-    if (n != m_copiaLista.size())
-        return true;
-    for (const CopiaFila& c : m_copiaLista) {
-        const int pos = getPosicionElementoEnLista(lvw, c.clave.toUpper());
-        if (pos < 1)
-            return true;
-        const QTreeWidgetItem* f = lvw->topLevelItem(pos - 1);
-        const QString marcada = f->checkState(0) == Qt::Checked ? QStringLiteral("1") : QStringLiteral("0");
-        if (f->text(0).toUpper() != c.texto.toUpper() || f->text(1).toUpper() != c.numero.toUpper()
-            || f->text(2).toUpper() != c.porcentaje.toUpper() || f->text(3).toUpper() != c.autor.toUpper() || marcada != c.marcada)
-            return true;
-    }
-    return false;
+            ui->txt_Aparejador,    ui->txt_Constructor,    ui->txt_CoordinadorSyS, ui->lvw_Arquitectos};
 }
 
 // ---------------------------------------------------------------------------------------------
@@ -520,8 +425,52 @@ void frmProyecto::img_Buscar_Click(int index)
         if (index < 0 || index > 6 || !SELECTORES[index].tabla)
             return;  // el representante sigue siempre al cliente
         const Selector& s = SELECTORES[index];
-        frmBuscarSeleccionar* sel = frmBuscarSeleccionar::abrir(QString::fromUtf8(s.tabla), QStringLiteral("SELECCIONAR_EN_PROYECTOS"),
-                                                                QString::fromUtf8(s.titulo), QString::fromUtf8(s.retorno));
+        QPointer<frmProyecto> yo(this);
+        // Cada botón recibe lo elegido, y el registro nuevo dado de alta desde el selector.
+        PeticionSelector p{.tabla = QString::fromUtf8(s.tabla),
+                           .claveLlamada = QStringLiteral("SELECCIONAR_EN_PROYECTOS"),
+                           .titulo = QString::fromUtf8(s.titulo),
+                           .claveRetorno = QString::fromUtf8(s.retorno),
+                           .llamador = this};
+        const auto recibir = [yo](auto accion) {
+            return [yo, accion](const Eleccion& e) { return !yo || accion(yo.data(), e); };
+        };
+        const auto recibirAlta = [yo](auto accion) {
+            return [yo, accion](const RegistroGuardado& r) {
+                if (yo)
+                    accion(yo.data(), r);
+            };
+        };
+        switch (index) {
+        case 0:
+            p.alElegir = recibir([](frmProyecto* f, const Eleccion& e) { return f->recibirArquitecto(e.codigo, e.nombreCompleto, e.texto(0)); });
+            p.alDarDeAlta = recibirAlta([](frmProyecto* f, const RegistroGuardado& r) { f->recibirArquitectoNuevo(r.codigo, r.nombre, r.numero); });
+            break;
+        case 1:
+            p.alElegir = recibir([](frmProyecto* f, const Eleccion& e) { f->recibirAutores(e.marcadas); return true; });
+            p.altaEnLaLista = true;
+            break;
+        case 2:
+            p.alElegir = recibir([](frmProyecto* f, const Eleccion& e) { f->recibirCliente(e.codigo, e.texto(2), e.nombreCompleto); return true; });
+            p.alDarDeAlta = recibirAlta([](frmProyecto* f, const RegistroGuardado& r) {
+                f->recibirClienteNuevo(r.codigo, r.nif, r.nombre, r.codigoRepresentante, r.nifRepresentante, r.nombreRepresentante,
+                                       r.representacion);
+            });
+            break;
+        case 4:
+            p.alElegir = recibir([](frmProyecto* f, const Eleccion& e) { f->recibirAparejadores(e.marcadas); return true; });
+            p.alDarDeAlta = recibirAlta([](frmProyecto* f, const RegistroGuardado& r) { f->recibirAparejadorNuevo(r.codigo, r.nombre); });
+            break;
+        case 5:
+            p.alElegir = recibir([](frmProyecto* f, const Eleccion& e) { f->recibirConstructores(e.marcadas); return true; });
+            p.alDarDeAlta = recibirAlta([](frmProyecto* f, const RegistroGuardado& r) { f->recibirConstructorNuevo(r.codigo, r.nombre); });
+            break;
+        default:
+            p.alElegir = recibir([](frmProyecto* f, const Eleccion& e) { f->recibirCoordinador(e.codigo, e.nombreCompleto); return true; });
+            p.alDarDeAlta = recibirAlta([](frmProyecto* f, const RegistroGuardado& r) { f->recibirCoordinador(r.codigo, r.nombre); });
+            break;
+        }
+        frmBuscarSeleccionar* sel = frmBuscarSeleccionar::abrir(p);
         if (!sel)
             return;
         if (index == 1)
@@ -851,30 +800,8 @@ bool frmProyecto::validarDatos()
     return true;
 }
 
-void frmProyecto::terminarSalidaPendiente()
-{
-    if (m_vigilante) {
-        qApp->removeEventFilter(m_vigilante);
-        m_vigilante->deleteLater();
-        m_vigilante = nullptr;
-    }
-    if (m_transaccionPendiente) {
-        auto t = std::move(m_transaccionPendiente);
-        try {
-            t->deshacer();
-        } catch (...) {
-            // La conexión se queda como esté; el siguiente guardado abrirá la suya.
-        }
-    }
-    if (m_cursorPendiente) {
-        m_cursorPendiente = false;
-        QApplication::restoreOverrideCursor();
-    }
-}
-
 void frmProyecto::cmd_Guardar_Click()
 {
-    terminarSalidaPendiente();
     m_cancelarCierre = false;
     guardia(FORMULARIO, QStringLiteral("cmd_Guardar_Click"), [&] {
         if (!validarDatos()) {
@@ -887,33 +814,43 @@ void frmProyecto::cmd_Guardar_Click()
 
 bool frmProyecto::guardar()
 {
-    QApplication::setOverrideCursor(Qt::WaitCursor);
-    bool cursor = true;
-    auto restaurar = [&cursor] {
-        if (cursor)
-            QApplication::restoreOverrideCursor();
-        cursor = false;
-    };
-    // Un fallo deshace la transacción (RAII) y la guardia quita el cursor de espera.
-    auto t = std::make_unique<Transaccion>();
-
-    if (!esAlta()) {
-        Consulta c(QStringLiteral("SELECT PryCod FROM Proyectos_A WHERE PryCod = ?"), {PryCod});
-        if (!c.siguiente()) {
+    {
+        CursorEspera espera;
+        // Un fallo deshace la transacción y quita el cursor de espera al salir del ámbito.
+        Transaccion t;
+        if (!esAlta() && escalar(QStringLiteral("SELECT PryCod FROM Proyectos_A WHERE PryCod = ?"), {PryCod}).isNull()) {
+            // Se sale sin guardar: el mensaje sale ya deshecha la transacción.
             Mensajes::aviso(QStringLiteral("No se han podido cargar los datos del proyecto"));
-            // Se sale sin más: la transacción y el cursor de espera siguen hasta que el usuario
-            // vuelva a actuar; entonces se deshace y se recupera el cursor.
-            m_transaccionPendiente = std::move(t);
-            m_cursorPendiente = true;
-            QPointer<frmProyecto> yo(this);
-            m_vigilante = new VigilanteAccion(this, [yo] {
-                if (yo)
-                    yo->terminarSalidaPendiente();
-            });
             return false;
         }
+        escribirProyecto();
+        t.confirmar();
     }
+    tomarCopia();
 
+    if (esAlta()) {
+        const AlGuardar entregar = alGuardar;
+        if (entregar) {
+            RegistroGuardado r;
+            r.operacion = tag();
+            r.codigo = PryCod;
+            r.nombre = ui->txt_Trabajo->text().trimmed();
+            entregar(r);
+        }
+        Mensajes::informacion(QStringLiteral("Proyecto dado de alta correctamente"));
+        if (!descargando())
+            Pantallas::descargar(this);
+        if (!entregar)
+            abrirListaMaestra(QStringLiteral("PROYECTOS_A"));
+    } else {
+        marcarActualizarLista();
+        Mensajes::informacion(QStringLiteral("Datos del proyecto modificados correctamente"));
+    }
+    return true;
+}
+
+void frmProyecto::escribirProyecto()
+{
     Campos campos = {
         {QStringLiteral("Trabajo"), textoONulo(ui->txt_Trabajo->text())},
         {QStringLiteral("Emplazamiento"), textoONulo(ui->txt_Emplazamiento->text())},
@@ -972,35 +909,6 @@ bool frmProyecto::guardar()
     insertarEnlaces(QStringLiteral("Aparejadores_Proyecto"), QStringLiteral("Codigo_Apa"), PryCod, ui->lbl_ClaveAparejador->text());
     ejecutar(QStringLiteral("DELETE FROM Constructores_Proyecto WHERE PryCod = ?"), {PryCod});
     insertarEnlaces(QStringLiteral("Constructores_Proyecto"), QStringLiteral("Codigo_Cons"), PryCod, ui->lbl_CodConstructor->text());
-
-    t->confirmar();
-    t.reset();
-    cargarInformacionProyecto();
-    restaurar();
-
-    if (esAlta()) {
-        const bool sinDevolucion = ClaveRetorno.isEmpty();
-        if (!sinDevolucion)
-            devolverAFormulario();
-        Mensajes::informacion(QStringLiteral("Proyecto dado de alta correctamente"));
-        if (!m_descargando)
-            Pantallas::descargar(this);
-        if (sinDevolucion)
-            frmMenu::instancia()->mnu_Proyectos_Click();
-    } else {
-        marcarActualizarLista();
-        Mensajes::informacion(QStringLiteral("Datos del proyecto modificados correctamente"));
-    }
-    return true;
-}
-
-void frmProyecto::devolverAFormulario()
-{
-    QWidget* r = Devolucion::receptor(receptorDeClave(ClaveRetorno));
-    if (!r)
-        return;
-    Devolucion::escribir(r, QStringLiteral("txt_CodProyecto"), QString::number(PryCod));
-    Devolucion::escribir(r, QStringLiteral("txt_Proyecto"), ui->txt_Trabajo->text().trimmed());
 }
 
 // ---------------------------------------------------------------------------------------------
@@ -1011,23 +919,10 @@ void frmProyecto::cmd_Cerrar_Click()
     guardia(FORMULARIO, QStringLiteral("cmd_Cerrar_Click"), [&] { Pantallas::descargar(this); });
 }
 
-bool frmProyecto::alDescargar()
+bool frmProyecto::guardarAlSalir()
 {
-    if (m_descargando)
-        return true;
-    terminarSalidaPendiente();
-    bool cerrar = true;
-    guardia(FORMULARIO, QStringLiteral("Form_Unload"), [&] {
-        cerrar = Pantallas::preguntarGuardarAlSalir(PreguntarGuardarCambios(), [&] {
-            m_descargando = true;
-            cmd_Guardar_Click();
-            m_descargando = false;
-            return !m_cancelarCierre;
-        });
-    });
-    if (cerrar)
-        terminarSalidaPendiente();
-    return cerrar;
+    cmd_Guardar_Click();
+    return !m_cancelarCierre;
 }
 
 void frmProyecto::mostrarAyuda(int mostrar) { m_ayuda->mostrarAyuda(mostrar); }
@@ -1046,6 +941,7 @@ bool abrirFichaProyecto(const PeticionFicha& p)
     f->setTag(p.operacion);
     f->setWindowTitle(alta ? QStringLiteral("Nuevo proyecto") : QStringLiteral("Modificar proyecto"));
     f->ClaveRetorno = p.claveRetorno;
+    f->alGuardar = p.alGuardar;
     f->Form_Load();
     Pantallas::mostrar(f);
     return true;

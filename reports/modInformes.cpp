@@ -2,6 +2,7 @@
 
 #include "core/BaseDatos.h"
 #include "core/Guardia.h"
+#include "reports/TablaImpresos.h"
 
 #include <QFile>
 #include <QRegularExpression>
@@ -209,33 +210,16 @@ bool iniciarInforme_ListadoClientes()
 
 QString sentenciaImpreso(const QString& codigo)
 {
-    static const QHash<QString, QString> tablas = {
-        {QStringLiteral("A1"), QStringLiteral("A1B2")},
-        {QStringLiteral("B2"), QStringLiteral("A1B2")},
-        {QStringLiteral("A2"), QStringLiteral("A2")},
-        {QStringLiteral("A3"), QStringLiteral("A3")},
-        {QStringLiteral("A4"), QStringLiteral("A4")},
-        {QStringLiteral("A5"), QStringLiteral("A5")},
-        {QStringLiteral("B1"), QStringLiteral("B1B3B4")},
-        {QStringLiteral("B3"), QStringLiteral("B1B3B4")},
-        {QStringLiteral("B4"), QStringLiteral("B4")},
-        {QStringLiteral("CFO"), QStringLiteral("FinObra")},
-        {QStringLiteral("CSS"), QStringLiteral("COORDINADOR_SEGURIDAD_Y_SALUD")},
-        {QStringLiteral("CERTIFICADO"), QStringLiteral("CERTIFICADO")},
-        {QStringLiteral("CDC"), QStringLiteral("COMUNICADO_DIRECCION_Y_COORDINADOR")},
-    };
-    const QString t = tablas.value(codigo);
-    return t.isEmpty() ? QString() : QStringLiteral("SELECT * FROM ") + t;
+    const QString tabla = TablaImpresos::origenInforme(codigo).tabla;
+    return tabla.isEmpty() ? QString() : QStringLiteral("SELECT * FROM ") + tabla;
 }
 
 QStringList subinformesImpreso(const QString& codigo)
 {
-    if (codigo == QLatin1String("B1"))
-        return {QStringLiteral("SELECT * FROM Detalle_Factura_Honorarios")};
-    if (codigo == QLatin1String("CDC"))
-        return {QStringLiteral("SELECT * FROM DirectoresObra_Tmp"), QStringLiteral("SELECT * FROM DirectoresDeEjecucion_Tmp"),
-                QStringLiteral("SELECT * FROM CoordinadoresSS_Tmp")};
-    return {};
+    QStringList l;
+    for (const QString& tabla : TablaImpresos::origenInforme(codigo).subinformes)
+        l << QStringLiteral("SELECT * FROM ") + tabla;
+    return l;
 }
 
 bool iniciarInforme_Impreso(const QString& codigo)

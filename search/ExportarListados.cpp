@@ -1,7 +1,8 @@
 #include "search/ExportarListados.h"
 
 #include "core/modFunciones.h"
-#include "masterdata/frmConfiguracion.h"
+#include "core/CicloPantalla.h"
+#include "core/Fichas.h"
 #include "reports/frmVisorCrystal.h"
 #include "reports/modExcel.h"
 #include "reports/modInformes.h"
@@ -74,7 +75,7 @@ QString carpetaExportacion(const QString& clave, const QString& queDocumento)
         Mensajes::aviso(QStringLiteral("No se ha establecido el directorio en el que se exportará el documento ") + queDocumento
                         + QStringLiteral(".") + SALTO
                         + QStringLiteral("Por favor, selecciónelo en la pantalla de configuración e intente de nuevo la operación"));
-        frmConfiguracion::abrir(1);
+        Fichas::abrir({.tabla = Fichas::CONFIGURACION, .pestana = 1});
     }
     return ruta;
 }
@@ -100,11 +101,12 @@ int tipoDeTabla(const QString& t)
 void generarListado(const PantallaLlamadora& l, int tipo)
 {
     guardia(l.nombre, QStringLiteral("generarListado"), [&] {
-        QApplication::setOverrideCursor(Qt::WaitCursor);
-        estado(l, QStringLiteral("Generando la vista preliminar..."));
-        prepararInforme(tipo);
-        estadoCuenta(l);
-        QApplication::restoreOverrideCursor();
+        {
+            CursorEspera espera;
+            estado(l, QStringLiteral("Generando la vista preliminar..."));
+            prepararInforme(tipo);
+            estadoCuenta(l);
+        }
         frmVisorCrystal::mostrarInforme(QString::fromUtf8(listado(tipo).titulo));
     });
 }
@@ -164,10 +166,12 @@ void exportarListadoPDF(const PantallaLlamadora& l, int tipo)
             return;
         estado(l, QStringLiteral("Generando el fichero PDF..."));
         const QString fichero = ruta + QString::fromLatin1(listado(tipo).ficheroPdf);
-        QApplication::setOverrideCursor(Qt::WaitCursor);
-        const bool bien = prepararInforme(tipo) && modInformes::exportarPDF(fichero);
-        modInformes::cerrar();
-        QApplication::restoreOverrideCursor();
+        bool bien = false;
+        {
+            CursorEspera espera;
+            bien = prepararInforme(tipo) && modInformes::exportarPDF(fichero);
+            modInformes::cerrar();
+        }
         if (!bien)
             lanzarError(-1, QStringLiteral("No se ha podido generar el documento PDF ") + fichero);
         ofrecerAbrirPDF(fichero, l.nombre, QStringLiteral("exportarListadoPDF"));

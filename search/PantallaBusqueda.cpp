@@ -1,9 +1,10 @@
 #include "search/PantallaBusqueda.h"
 
-#include "forms/AbrirImpreso.h"
-#include "forms/TablaImpresos.h"
+#include "reports/TablaImpresos.h"
+#include "reports/VistaImpreso.h"
 #include "search/ExportarListados.h"
 
+#include "core/CicloPantalla.h"
 #include "core/Iconos.h"
 #include "core/modFunciones.h"
 #include "search/frmAyudaBuscar.h"
@@ -17,7 +18,6 @@
 #include <QLineEdit>
 #include <QMdiArea>
 #include <QPushButton>
-#include <QSqlDriver>
 #include <QStatusBar>
 #include <QToolBar>
 #include <QTreeView>
@@ -46,14 +46,6 @@ const ReglaValor REGLAS_VALOR[] = {
     {"CONTRATISTAS", 2, true, true},
 };
 
-sqlite3* motor(const QSqlDatabase& db)
-{
-    const QVariant v = db.driver()->handle();
-    if (v.isValid() && qstrcmp(v.typeName(), "sqlite3*") == 0)
-        return *static_cast<sqlite3* const*>(v.constData());
-    lanzarError(-1, QStringLiteral("No se ha podido acceder al motor de la base de datos"));
-}
-
 // Sentencia preparada del motor, liberada al salir.
 struct Preparada {
     sqlite3_stmt* st = nullptr;
@@ -80,7 +72,7 @@ bool esFechaIso(const unsigned char* t, int n)
 // Lee las filas con un cursor de sólo avance y las deja en el modelo como texto compacto.
 void leerFilas(const Descripcion& d, const Sentencia& s, ModeloResultados* modelo)
 {
-    sqlite3* h = motor(BaseDatos::conexionBD());
+    sqlite3* h = BaseDatos::motor(BaseDatos::conexionBD());
     Preparada p;
     const QByteArray sql = s.sql.toUtf8();
     if (sqlite3_prepare_v2(h, sql.constData(), static_cast<int>(sql.size()), &p.st, nullptr) != SQLITE_OK)
@@ -194,7 +186,7 @@ int PantallaBusqueda::reglaTeclas(int tecla) const
     for (const ReglaValor& r : REGLAS_VALOR) {
         if (indice != r.indice || Tabla != QLatin1String(r.tabla))
             continue;
-        return r.letras ? admitirLetrasNumeros(tecla, r.menos, false) : admitirNumeros(tecla, r.menos, false);
+        return r.letras ? admitirLetrasNumeros(tecla, {.menos = r.menos}) : admitirNumeros(tecla, {.menos = r.menos});
     }
     return tecla;
 }
@@ -286,7 +278,7 @@ void PantallaBusqueda::tlb_BotoneraBuscar_Click()
             msk_ValorBusqueda->setFocus();
             return;
         }
-        QApplication::setOverrideCursor(Qt::WaitCursor);
+        CursorEspera espera;
         establecerEstado(QStringLiteral("Realizando búsqueda de datos..."));
         m_modelo->vaciar();
         obtenerDatos();
@@ -297,7 +289,6 @@ void PantallaBusqueda::tlb_BotoneraBuscar_Click()
         if (filas == 0)
             for (int i = 0; i < 3; ++i)
                 m_exportar[i]->setEnabled(false);
-        QApplication::restoreOverrideCursor();
     });
 }
 
@@ -305,7 +296,7 @@ void PantallaBusqueda::obtenerDatos()
 {
     // Una sentencia que falla deja la lista sin filas.
     const bool bien = guardia(nombreFormulario(), QStringLiteral("obtenerDatos"), [&] {
-        QApplication::setOverrideCursor(Qt::WaitCursor);
+        CursorEspera espera;
         if (!m_descripcion)
             lanzarError(-1, QStringLiteral("No existe la tabla ") + Tabla);
         {
@@ -319,7 +310,6 @@ void PantallaBusqueda::obtenerDatos()
             seleccionarFila(0);
         else if (!BusquedaSilenciosa)
             Mensajes::aviso(QStringLiteral("No se han encontrado datos que cumplan el criterio de búsqueda"));
-        QApplication::restoreOverrideCursor();
     });
     if (!bien)
         m_modelo->vaciar();
@@ -386,11 +376,10 @@ void PantallaBusqueda::tlb_BotoneraExportar_ButtonClick(int boton)
             TablaImpresos::porLista(Tabla, TipoImpreso, &v);
             if (!v)
                 return;
-            QApplication::setOverrideCursor(Qt::WaitCursor);
+            CursorEspera espera;
             establecerEstado(QStringLiteral("Generando la vista preliminar..."));
             generarImpresoEnBlanco(v->codigoBlanco);
             establecerEstado(QStringLiteral("Número de registros hallados: ") + QString::number(m_modelo->rowCount()));
-            QApplication::restoreOverrideCursor();
         });
         return;
     }

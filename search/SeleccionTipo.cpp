@@ -1,16 +1,13 @@
 #include "search/SeleccionTipo.h"
 
 #include "core/modFunciones.h"
-#include "masterdata/FichaRegistro.h"
-#include "search/frmBuscarSeleccionar.h"
 
 #include <QPushButton>
 #include <QRadioButton>
 
-SeleccionTipo::SeleccionTipo(QWidget* padre, QString claveLlamada, QString claveRetorno, QString receptor, QString campoTipo,
-                             QString prefijoOpciones, QList<Opcion> opciones)
-    : Pantalla(padre), m_llamada(std::move(claveLlamada)), m_retorno(std::move(claveRetorno)), m_receptor(std::move(receptor)),
-      m_campoTipo(std::move(campoTipo)), m_prefijo(std::move(prefijoOpciones)), m_opciones(std::move(opciones))
+SeleccionTipo::SeleccionTipo(QWidget* padre, QString claveLlamada, QString claveRetorno, QString prefijoOpciones, QList<Opcion> opciones)
+    : Pantalla(padre), m_llamada(std::move(claveLlamada)), m_retorno(std::move(claveRetorno)), m_prefijo(std::move(prefijoOpciones)),
+      m_opciones(std::move(opciones))
 {
 }
 
@@ -21,6 +18,12 @@ void SeleccionTipo::prepararPantalla()
     connect(findChild<QPushButton*>(QStringLiteral("cmd_Cerrar")), &QPushButton::clicked, this, [this] { Pantallas::descargar(this); });
 }
 
+void SeleccionTipo::preparar(PeticionSelector destino, std::function<void(const QString&)> alElegirTipo)
+{
+    m_destino = std::move(destino);
+    m_alElegirTipo = std::move(alElegirTipo);
+}
+
 void SeleccionTipo::cmd_Seleccionar_Click()
 {
     guardia(objectName(), QStringLiteral("cmd_Seleccionar_Click"), [&] {
@@ -29,10 +32,14 @@ void SeleccionTipo::cmd_Seleccionar_Click()
             if (auto* o = findChild<QRadioButton*>(m_prefijo + QStringLiteral("_%1").arg(i)); o && o->isChecked())
                 elegida = i;
         const Opcion& o = m_opciones.at(elegida);
-        if (!m_campoTipo.isEmpty())
-            if (QWidget* r = Devolucion::receptor(m_receptor))
-                Devolucion::escribir(r, m_campoTipo, o.tipo);
+        if (m_alElegirTipo && !o.tipo.isEmpty())
+            m_alElegirTipo(o.tipo);
+        PeticionSelector p = m_destino;
+        p.tabla = o.tabla;
+        p.titulo = o.titulo;
+        p.claveLlamada = m_llamada;
+        p.claveRetorno = m_retorno;
         Pantallas::descargar(this);
-        frmBuscarSeleccionar::abrir(o.tabla, m_llamada, o.titulo, m_retorno);
+        frmBuscarSeleccionar::abrir(p);
     });
 }

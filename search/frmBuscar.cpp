@@ -2,7 +2,7 @@
 
 #include "core/Iconos.h"
 #include "core/modFunciones.h"
-#include "search/AperturaFichas.h"
+#include "core/Fichas.h"
 #include "ui_frmBuscar.h"
 
 #include <QMdiArea>
@@ -123,12 +123,7 @@ void frmBuscar::realizarOperacion()
     guardia(nombreFormulario(), QStringLiteral("realizarOperacion"), [&] {
         const QString operacion = tag();
         int fila = -1;
-        PeticionFicha p;
-        p.tabla = Tabla;
-        p.tipoImpreso = TipoImpreso;
-        p.operacion = operacion;
-        p.claveRetorno = ClaveRetorno;
-        p.llamador = this;
+        PeticionFicha p{.tabla = Tabla, .tipoImpreso = TipoImpreso, .operacion = operacion, .claveRetorno = ClaveRetorno};
         if (operacion != QLatin1String("ALTA")) {
             fila = filaSeleccionada();
             if (fila < 0) {
@@ -140,12 +135,12 @@ void frmBuscar::realizarOperacion()
                 p.codigo = p.codigoTexto.toLongLong();
         }
         if (operacion == QLatin1String("ALTA")) {
-            if (!abrirFicha(p))
+            if (!Fichas::abrir(p))
                 return;
             if (Tabla == QLatin1String("ARQUITECTOS_AUTORES"))
                 Pantallas::descargar(this);
         } else if (operacion == QLatin1String("MODIFICAR")) {
-            abrirFicha(p);
+            Fichas::abrir(p);
         } else if (operacion == QLatin1String("ELIMINAR")) {
             eliminarRegistro(fila);
         }

@@ -1,10 +1,7 @@
 #include "search/frmBuscarSeleccionar.h"
 
-#include "search/DevolucionSelector.h"
-
 #include "core/Iconos.h"
 #include "core/modFunciones.h"
-#include "search/AperturaFichas.h"
 #include "ui_frmBuscarSeleccionar.h"
 
 frmBuscarSeleccionar::frmBuscarSeleccionar(QWidget* padre) : PantallaBusqueda(padre), ui(new Ui::frmBuscarSeleccionar)
@@ -20,17 +17,18 @@ frmBuscarSeleccionar::frmBuscarSeleccionar(QWidget* padre) : PantallaBusqueda(pa
 
 frmBuscarSeleccionar::~frmBuscarSeleccionar() { delete ui; }
 
-frmBuscarSeleccionar* frmBuscarSeleccionar::abrir(const QString& tabla, const QString& claveLlamada,
-                                                  const QString& titulo, const QString& claveRetorno, short posicion)
+frmBuscarSeleccionar* frmBuscarSeleccionar::abrir(const PeticionSelector& p)
 {
     if (!Pantallas::descargar<frmBuscarSeleccionar>())
         return nullptr;
     auto* f = new frmBuscarSeleccionar;
-    f->Tabla = tabla;
-    f->ClaveRetorno = claveRetorno;
-    f->Posicion = posicion;
-    f->setTag(claveLlamada);
-    f->setWindowTitle(titulo);
+    f->m_peticion = p;
+    f->m_llamador = p.llamador;
+    f->Tabla = p.tabla;
+    f->ClaveRetorno = p.claveRetorno;
+    f->Posicion = p.posicion;
+    f->setTag(p.claveLlamada);
+    f->setWindowTitle(p.titulo);
     f->Form_Load();
     Pantallas::mostrar(f);
     return f;
@@ -49,7 +47,7 @@ void frmBuscarSeleccionar::cmd_Nuevo_Click()
         realizarOperacion();
         setTag(llamada);
         // El selector de autores se queda abierto: el arquitecto nuevo se le añade marcado.
-        if (m_fichaAbierta && ClaveRetorno != QLatin1String("FRMPROYECTO_AUTOR"))
+        if (m_fichaAbierta && !m_peticion.altaEnLaLista)
             Pantallas::descargar(this);
     });
 }
@@ -59,11 +57,7 @@ void frmBuscarSeleccionar::lvw_Resultados_DblClick()
     if (tag() == QLatin1String("ELIMINAR") || tag().isEmpty())
         setTag(QStringLiteral("MODIFICAR"));
     // En las listas con casillas el doble clic no elige: se confirma con el botón.
-    if (Tabla == QLatin1String("ARQUITECTOS_AUTORES"))
-        return;
-    if (Tabla == QLatin1String("APAREJADORES") && ClaveRetorno == QLatin1String("FRMPROYECTO_APAREJADOR"))
-        return;
-    if (Tabla == QLatin1String("CONTRATISTAS") && ClaveRetorno == QLatin1String("FRMPROYECTO_CONSTRUCTOR"))
+    if (TablasBusqueda::llevaCasillas(Tabla, ClaveRetorno))
         return;
     realizarOperacion();
 }
@@ -72,13 +66,18 @@ void frmBuscarSeleccionar::realizarOperacion()
 {
     guardia(nombreFormulario(), QStringLiteral("realizarOperacion"), [&] {
         if (tag() == QLatin1String("ALTA")) {
-            PeticionFicha p;
-            p.tabla = Tabla;
-            p.tipoImpreso = TipoImpreso;
-            p.operacion = QStringLiteral("ALTA");
-            p.claveRetorno = ClaveRetorno;
-            p.llamador = this;
-            m_fichaAbierta = abrirFicha(p);
+            PeticionFicha p{.tabla = Tabla, .tipoImpreso = TipoImpreso, .operacion = QStringLiteral("ALTA"), .claveRetorno = ClaveRetorno};
+            if (m_peticion.altaEnLaLista) {
+                QPointer<frmBuscarSeleccionar> yo(this);
+                p.alGuardar = [yo](const RegistroGuardado& r) {
+                    if (yo)
+                        yo->agregarFila({QString::number(r.codigo), r.columnas, true});
+                };
+            } else {
+                // Abierta desde un selector, la ficha nunca abre la lista del menú tras el alta.
+                p.alGuardar = m_peticion.alDarDeAlta ? m_peticion.alDarDeAlta : [](const RegistroGuardado&) {};
+            }
+            m_fichaAbierta = Fichas::abrir(p);
             return;
         }
         if (filaSeleccionada() < 0) {
@@ -89,11 +88,34 @@ void frmBuscarSeleccionar::realizarOperacion()
     });
 }
 
+Eleccion frmBuscarSeleccionar::eleccion() const
+{
+    Eleccion e;
+    e.tabla = Tabla;
+    e.posicion = Posicion;
+    e.fila = filaElegida();
+    if (descripcionTabla() && descripcionTabla()->claveNumerica)
+        e.codigo = e.fila.clave.toLongLong();
+    // Nombre y apellidos van en las columnas 1 y 2 en las familias de colegiados, y en la 0 y
+    // la 1 en clientes y contratistas.
+    const bool colegiados = TablasBusqueda::esFamiliaArquitectos(Tabla) || Tabla == QLatin1String("APAREJADORES");
+    const int n = colegiados ? 1 : 0;
+    const auto nombre = [n](const FilaResultado& f) { return (f.textos.value(n) + QLatin1Char(' ') + f.textos.value(n + 1)).trimmed(); };
+    e.nombreCompleto = nombre(e.fila);
+    for (const FilaResultado& f : filasResultado())
+        if (f.marcada)
+            e.marcadas << FilaMarcada{QStringLiteral("K") + f.clave, colegiados ? f.textos.value(0) : QString(), nombre(f)};
+    return e;
+}
+
 void frmBuscarSeleccionar::devolverSeleccion()
 {
-    // Tras devolver, el selector se descarga; si la pantalla lo rechaza, se queda abierto.
-    if (devolverSeleccionA(this))
-        Pantallas::descargar(this);
+    const bool aceptada = !m_peticion.alElegir || m_peticion.alElegir(eleccion());
+    if (!aceptada)
+        return;
+    QPointer<QWidget> llamador = m_llamador;
+    Pantallas::descargar(this);
+    Pantallas::activar(llamador);
 }
 
 QList<FilaResultado> frmBuscarSeleccionar::filasResultado() const { return modelo()->filas(); }

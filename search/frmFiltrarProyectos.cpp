@@ -2,7 +2,10 @@
 
 #include "core/Fechas.h"
 #include "core/modFunciones.h"
-#include "masterdata/frmConfiguracion.h"
+#include "core/CicloPantalla.h"
+#include "core/Fichas.h"
+
+#include <optional>
 #include "reports/frmVisorCrystal.h"
 #include "reports/modExcel.h"
 #include "reports/modInformes.h"
@@ -114,7 +117,7 @@ void frmFiltrarProyectos::cmd_Ver_Click()
     guardia(FORMULARIO, QStringLiteral("cmd_Ver_Click"), [&] {
         if (!validarDatos())
             return;
-        QApplication::setOverrideCursor(Qt::WaitCursor);
+        std::optional<CursorEspera> espera(std::in_place);
         // El filtro va como valores enlazados: las fechas se comparan como fechas.
         modInformes::FiltroFecha filtro;
         if (ui->opt_Opcion_1->isChecked()) {
@@ -139,7 +142,7 @@ void frmFiltrarProyectos::cmd_Ver_Click()
             modInformes::conectar();
             modInformes::iniciarInforme_ListadoProyectos(filtro);
         }
-        QApplication::restoreOverrideCursor();
+        espera.reset();
         if (Accion == 1) {
             frmVisorCrystal::mostrarInforme(QStringLiteral("Listado de proyectos"));
         } else if (Accion == 2) {
@@ -151,7 +154,7 @@ void frmFiltrarProyectos::cmd_Ver_Click()
                 modInformes::cerrar();
                 Mensajes::aviso(QStringLiteral("No se ha establecido el directorio en el que se exportará el documento PDF.") + QStringLiteral("\n")
                                 + QStringLiteral("Por favor, selecciónelo en la pantalla de configuración e intente de nuevo la operación"));
-                frmConfiguracion::abrir(1);
+                Fichas::abrir({.tabla = Fichas::CONFIGURACION, .pestana = 1});
                 return;
             }
             const QString fichero = ruta + QStringLiteral("ListadoDeProyectos.pdf");

@@ -3,7 +3,7 @@
 #include "ui_frmSeleccionarTipoCoordinador.h"
 
 frmSeleccionarTipoCoordinador::frmSeleccionarTipoCoordinador(QWidget* padre)
-    : SeleccionTipo(padre, QStringLiteral("SELECCIONAR_EN_IMPRESO_CDC"), QStringLiteral("FRMDATOSIMPRESOCDC_COORDINADOR"), {}, {},
+    : SeleccionTipo(padre, QStringLiteral("SELECCIONAR_EN_IMPRESO_CDC"), QStringLiteral("FRMDATOSIMPRESOCDC_COORDINADOR"),
                     QStringLiteral("opt_Coordinador"),
                     {{QStringLiteral("ARQUITECTOS"), QStringLiteral("Buscar arquitecto"), {}},
                      {QStringLiteral("APAREJADORES"), QStringLiteral("Buscar arquitecto técnico"), {}}})
@@ -11,12 +11,4 @@ frmSeleccionarTipoCoordinador::frmSeleccionarTipoCoordinador(QWidget* padre)
     Ui::frmSeleccionarTipoCoordinador ui;
     ui.setupUi(this);
     prepararPantalla();
-}
-
-frmSeleccionarTipoCoordinador* frmSeleccionarTipoCoordinador::abrir()
-{
-    Pantallas::descargar<frmSeleccionarTipoCoordinador>();
-    auto* f = new frmSeleccionarTipoCoordinador;
-    Pantallas::mostrar(f);
-    return f;
 }

@@ -6,5 +6,4 @@ class frmSeleccionarTipoCoordinador : public SeleccionTipo {
     Q_OBJECT
 public:
     explicit frmSeleccionarTipoCoordinador(QWidget* padre = nullptr);
-    static frmSeleccionarTipoCoordinador* abrir();
 };

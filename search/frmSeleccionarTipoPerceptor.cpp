@@ -4,7 +4,7 @@
 
 frmSeleccionarTipoPerceptor::frmSeleccionarTipoPerceptor(QWidget* padre)
     : SeleccionTipo(padre, QStringLiteral("SELECCIONAR_EN_IMPRESO_B4_PROPIO"), QStringLiteral("FRMDATOSIMPRESOB4_PROPIO_PERCEPTOR"),
-                    QStringLiteral("frmDatosImpreso_B4_Propio"), QStringLiteral("txt_TipoPerceptor"), QStringLiteral("opt_Perceptor"),
+                    QStringLiteral("opt_Perceptor"),
                     {{QStringLiteral("ARQUITECTOS"), QStringLiteral("Buscar arquitecto"), QStringLiteral("AR")},
                      {QStringLiteral("APAREJADORES"), QStringLiteral("Buscar arquitecto técnico"), QStringLiteral("AT")},
                      {QStringLiteral("CONTRATISTAS"), QStringLiteral("Buscar constructor"), QStringLiteral("CO")},
@@ -13,12 +13,4 @@ frmSeleccionarTipoPerceptor::frmSeleccionarTipoPerceptor(QWidget* padre)
     Ui::frmSeleccionarTipoPerceptor ui;
     ui.setupUi(this);
     prepararPantalla();
-}
-
-frmSeleccionarTipoPerceptor* frmSeleccionarTipoPerceptor::abrir()
-{
-    Pantallas::descargar<frmSeleccionarTipoPerceptor>();
-    auto* f = new frmSeleccionarTipoPerceptor;
-    Pantallas::mostrar(f);
-    return f;
 }

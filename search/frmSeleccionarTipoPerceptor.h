@@ -6,5 +6,4 @@ class frmSeleccionarTipoPerceptor : public SeleccionTipo {
     Q_OBJECT
 public:
     explicit frmSeleccionarTipoPerceptor(QWidget* padre = nullptr);
-    static frmSeleccionarTipoPerceptor* abrir();
 };

@@ -7,6 +7,8 @@
 #include <QCoreApplication>
 #include <QDir>
 #include <QFile>
+#include <QSqlDatabase>
+#include <QSqlQuery>
 #include <QTest>
 
 EntornoPrueba::EntornoPrueba(bool conIni, bool conBaseDatos)
@@ -92,4 +94,28 @@ void procesarEventos()
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         QCoreApplication::processEvents();
     }
+}
+
+bool otroPuestoPuedeGuardar(const QString& ficheroBD)
+{
+    const QString nombre = QStringLiteral("otroPuesto");
+    bool bien = false;
+    {
+        QSqlDatabase db = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), nombre);
+        db.setDatabaseName(ficheroBD);
+        db.setConnectOptions(QStringLiteral("QSQLITE_BUSY_TIMEOUT=0"));
+        if (db.open()) {
+            QSqlQuery q(db);
+            bien = q.exec(QStringLiteral("BEGIN IMMEDIATE"))
+                   && q.exec(QStringLiteral("INSERT INTO PROVINCIAS (descripción) VALUES ('Otro puesto')"))
+                   && q.exec(QStringLiteral("DELETE FROM PROVINCIAS WHERE descripción = 'Otro puesto'"))
+                   && q.exec(QStringLiteral("COMMIT"));
+            if (!bien)
+                q.exec(QStringLiteral("ROLLBACK"));
+            q = QSqlQuery();
+            db.close();
+        }
+    }
+    QSqlDatabase::removeDatabase(nombre);
+    return bien;
 }

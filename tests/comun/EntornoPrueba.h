@@ -41,3 +41,7 @@ private:
 
 // Espera a que se procesen los borrados diferidos de pantallas cerradas.
 void procesarEventos();
+
+// Otro puesto, con su propia conexión y sin esperar al cerrojo, escribe una fila y la confirma.
+// Falso si la base de datos estaba bloqueada por una transacción abierta.
+bool otroPuestoPuedeGuardar(const QString& ficheroBD);

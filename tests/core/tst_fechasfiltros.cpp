@@ -125,7 +125,7 @@ private slots:
     void teclasSueltas()
     {
         QFETCH(Tecla, t);
-        const int devuelto = t.letras ? admitirLetrasNumeros(t.tecla, t.menos, t.coma) : admitirNumeros(t.tecla, t.menos, t.coma);
+        const int devuelto = t.letras ? admitirLetrasNumeros(t.tecla, {t.menos, t.coma}) : admitirNumeros(t.tecla, {t.menos, t.coma});
         QCOMPARE(devuelto, t.esperado);
         QCOMPARE(t.tecla, t.esperado);  // también por referencia
     }
@@ -142,9 +142,9 @@ private slots:
         QFETCH(Tecleo, t);
         QLineEdit campo;
         if (t.regla == 0)
-            instalarFiltroNumeros(&campo, t.menos, t.coma);
+            instalarFiltroNumeros(&campo, {t.menos, t.coma});
         else if (t.regla == 1)
-            instalarFiltroLetrasNumeros(&campo, t.menos, t.coma);
+            instalarFiltroLetrasNumeros(&campo, {t.menos, t.coma});
         else
             instalarFiltroNIF(&campo);
         for (const QChar c : t.tecleado)
@@ -156,7 +156,7 @@ private slots:
     void filtroPegar()
     {
         QLineEdit campo;
-        instalarFiltroNumeros(&campo, false, true);
+        instalarFiltroNumeros(&campo, {.coma = true});
         QApplication::clipboard()->setText(QStringLiteral("1.234,5 €x-9"));
         QTest::keyClick(&campo, Qt::Key_V, Qt::ControlModifier);
         QCOMPARE(campo.text(), QStringLiteral("1234,59"));

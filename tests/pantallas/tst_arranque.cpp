@@ -7,6 +7,7 @@
 #include "core/Programa.h"
 #include "masterdata/frmConfiguracion.h"
 #include "tests/comun/EntornoPrueba.h"
+#include "tests/pantallas/PruebaPantallas.h"
 #include "tools/frmCopiaSeguridad.h"
 
 #include <QLockFile>
@@ -366,5 +367,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(tst_arranque)
+PRUEBA_PANTALLAS(tst_arranque)
 #include "tst_arranque.moc"

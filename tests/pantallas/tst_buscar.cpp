@@ -10,6 +10,7 @@
 #include "search/frmBuscar.h"
 #include "search/frmBuscarSeleccionar.h"
 #include "tests/comun/EntornoPrueba.h"
+#include "tests/pantallas/PruebaPantallas.h"
 
 #include <QAction>
 #include <QComboBox>
@@ -107,7 +108,8 @@ PantallaBusqueda* abrir(bool selector, const QString& tabla, const QString& tipo
 {
     if (!selector)
         return abrir(tabla, tipo);
-    return frmBuscarSeleccionar::abrir(tabla, QStringLiteral("SELECCIONAR_EN_PROYECTOS"), QStringLiteral("Buscar"), QStringLiteral("X"));
+    return frmBuscarSeleccionar::abrir(
+        {.tabla = tabla, .claveLlamada = QStringLiteral("SELECCIONAR_EN_PROYECTOS"), .titulo = QStringLiteral("Buscar"), .claveRetorno = QStringLiteral("X")});
 }
 
 void buscar(PantallaBusqueda* f, int indice, const QString& valor)
@@ -386,5 +388,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(tst_buscar)
+PRUEBA_PANTALLAS(tst_buscar)
 #include "tst_buscar.moc"

@@ -4,7 +4,9 @@
 #include "app/frmMenu.h"
 #include "core/modFunciones.h"
 #include "masterdata/frmConfiguracion.h"
+#include "search/frmBuscarSeleccionar.h"
 #include "tests/comun/EntornoPrueba.h"
+#include "tests/pantallas/PruebaPantallas.h"
 
 #include <QLineEdit>
 #include <QPushButton>
@@ -37,7 +39,6 @@ class tst_configuracion : public QObject {
     Q_OBJECT
 
     std::unique_ptr<EntornoPrueba> m_e;
-    QList<frmConfiguracion::PeticionSelector> m_peticiones;
 
     EntornoPrueba& e() { return *m_e; }
 
@@ -79,14 +80,11 @@ private slots:
         persona(20, QStringLiteral("Pedro"), QStringLiteral("Ruiz"), 999, 0, LUIS, QStringLiteral("Aparejador"));
         ejecutar(QStringLiteral("INSERT INTO Config (CodArq1, Arq1Nom, Arq1Col, Domicilio, Municipio, Modulo, IVA, IRPF, AgenciaTributaria) "
                                 "VALUES (1, 'Ana García Sáenz', '1234', 'C/ Portales 12, 2º', 'Logroño', 525.5, 16, 15, 'Logroño')"));
-        m_peticiones.clear();
-        frmConfiguracion::abridorSelector = [this](const frmConfiguracion::PeticionSelector& p) { m_peticiones << p; };
         frmMenu::instancia();
     }
 
     void cleanup()
     {
-        frmConfiguracion::abridorSelector = nullptr;
         delete frmMenu::existente();
         for (QWidget* w : Pantallas::cargadas())
             delete w;
@@ -118,21 +116,22 @@ private slots:
         frmConfiguracion* f = abrir();
         escribir(f, {"txt_Arquitecto_1", "txt_Arquitecto_2", "txt_Arquitecto_3", "txt_Arquitecto_4"}, nombres);
         f->findChild<QToolButton*>(QStringLiteral("img_Buscar_%1").arg(indice))->click();
+        frmBuscarSeleccionar* p = Pantallas::cargada<frmBuscarSeleccionar>();
         if (!abre) {
             QCOMPARE(e().textos(), QStringList{"Antes de incluir este arquitecto, debe completar primero los arquitectos anteriores"});
-            QVERIFY(m_peticiones.isEmpty());
+            QVERIFY(!p);
             return;
         }
         QVERIFY(e().cuadros.isEmpty());
-        QCOMPARE(m_peticiones.size(), 1);
-        const auto& p = m_peticiones[0];
-        QCOMPARE(p.tag, QStringLiteral("SELECCIONAR_EN_CONFIGURACION"));
+        QVERIFY(p);
+        QCOMPARE(p->tag(), QStringLiteral("SELECCIONAR_EN_CONFIGURACION"));
+        QCOMPARE(p->windowTitle(), QStringLiteral("Buscar arquitecto"));
         const bool soc = indice == 4;
-        QCOMPARE(p.tabla, soc ? QStringLiteral("ARQUITECTOS_SOCIEDAD") : QStringLiteral("ARQUITECTOS_SIMPLE"));
-        QCOMPARE(p.claveRetorno, soc ? QStringLiteral("FRMCONFIGURACION_SOCIEDAD_PROFESIONAL")
-                                     : QStringLiteral("FRMCONFIGURACION_ARQUITECTO_%1").arg(indice + 1));
+        QCOMPARE(p->Tabla, soc ? QStringLiteral("ARQUITECTOS_SOCIEDAD") : QStringLiteral("ARQUITECTOS_SIMPLE"));
+        QCOMPARE(p->ClaveRetorno, soc ? QStringLiteral("FRMCONFIGURACION_SOCIEDAD_PROFESIONAL")
+                                      : QStringLiteral("FRMCONFIGURACION_ARQUITECTO_%1").arg(indice + 1));
         if (!soc)
-            QCOMPARE(int(p.posicion), indice + 1);
+            QCOMPARE(int(p->Posicion), indice + 1);
     }
 
     // Devolución del selector y de una ficha nueva.
@@ -158,7 +157,7 @@ private slots:
 
         // Ficha nueva: nombre y número, nunca el código; el domicilio sólo sin sociedad.
         const QStringList nuevo = {"C/ Nueva 1", "11111111H", "26003", "Logroño", "La Rioja", "941", "942", "600", "n@e.es"};
-        const frmConfiguracion::DatosEstudio datos{nuevo[0], nuevo[1], nuevo[2], nuevo[3], nuevo[4], nuevo[5], nuevo[6], nuevo[7], nuevo[8]};
+        const DatosContacto datos{nuevo[0], nuevo[1], nuevo[2], nuevo[3], nuevo[4], nuevo[5], nuevo[6], nuevo[7], nuevo[8]};
         f->recibirNuevoArquitecto(1, QStringLiteral("Nuevo Uno"), QStringLiteral("111"), datos);
         QCOMPARE(textos(f, (QStringList{"txt_CodArq_1", "txt_Arquitecto_1"} + DOMICILIO)), (QStringList{"2", "Nuevo Uno"} + SOCIEDAD));
         escribir(f, "txt_Sociedad", QString());
@@ -334,5 +333,5 @@ private slots:
 
 };
 
-QTEST_MAIN(tst_configuracion)
+PRUEBA_PANTALLAS(tst_configuracion)
 #include "tst_configuracion.moc"

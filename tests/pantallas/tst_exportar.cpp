@@ -8,6 +8,7 @@
 #include "search/frmBuscar.h"
 #include "search/frmFiltrarProyectos.h"
 #include "tests/comun/EntornoPrueba.h"
+#include "tests/pantallas/PruebaPantallas.h"
 
 #include <QComboBox>
 #include <QLineEdit>
@@ -259,5 +260,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(tst_exportar)
+PRUEBA_PANTALLAS(tst_exportar)
 #include "tst_exportar.moc"

@@ -1,5 +1,7 @@
 // Ficha de clientes: alta, modificación, validación, pregunta al salir, cascadas y devolución.
 #include "masterdata/frmCliente.h"
+#include "masterdata/frmProyecto.h"
+#include "search/frmBuscarSeleccionar.h"
 #include "tests/pantallas/tst_fichas_comun.h"
 
 #include <QTabWidget>
@@ -228,24 +230,30 @@ private slots:
         QCOMPARE(nombreCliente3(), caso.guardado);
     }
 
-    // Devolución a la ficha de proyecto: código, NIF y nombre del cliente y de su representante;
-    // con clave de devolución no se abre la lista.
+    // Devolución a la ficha de proyecto por "Nuevo" en su selector de clientes: código, NIF y
+    // nombre del cliente y de su representante; con quien recibe no se abre la lista.
     void devolucion()
     {
         Entorno e;
         QStringList controles{"lbl_CodCliente", "lbl_NIFCliente", "txt_Cliente", "lbl_CodRepresentante", "lbl_NIFRepresentante",
                               "txt_Representante", "txt_RepresentacionOstentada"};
-        auto* r = new Receptor(QStringLiteral("frmProyecto"), controles);
-        auto* f = abrirCliente(QStringLiteral("ALTA"), 0, QStringLiteral("FRMPROYECTO_CLIENTE"));
+        auto* r = abrir<frmProyecto>(QStringLiteral("PROYECTOS_A"), QStringLiteral("ALTA"));
+        r->img_Buscar_Click(2);
+        auto* selector = Pantallas::cargada<frmBuscarSeleccionar>();
+        QVERIFY(selector);
+        selector->cmd_Nuevo_Click();
+        auto* f = Pantallas::cargada<frmCliente>();
+        QVERIFY(f);
+        QCOMPARE(f->ClaveRetorno, QStringLiteral("FRMPROYECTO_CLIENTE"));
         tipo(f, 1)->setChecked(true);
         poner(f, {{"txt_Nombre", " Obras del Duero "}, {"txt_NIF", "B12345678"}});
         rellenarRepresentante(f);
         pulsar(f, QStringLiteral("cmd_Guardar"));
         QCOMPARE(leer(r, controles), (QStringList{"1", "B12345678", "Obras del Duero", "1", "87654321X", "Luis Pérez Gil", "Administrador único"}));
         QVERIFY(!abierta(f));
-        QVERIFY(!frmMenu::existente());
+        QVERIFY(!Pantallas::cargada<frmBuscar>());
     }
 };
 
-QTEST_MAIN(tst_fichas_cliente)
+PRUEBA_PANTALLAS(tst_fichas_cliente)
 #include "tst_fichas_cliente.moc"

@@ -3,8 +3,10 @@
 // nombre, leer filas de la base de datos y receptores de prueba con nombre de pantalla.
 #include "app/frmMenu.h"
 #include "core/modFunciones.h"
-#include "search/AperturaFichas.h"
+#include "core/Fichas.h"
+#include "search/frmBuscar.h"
 #include "tests/comun/EntornoPrueba.h"
+#include "tests/pantallas/PruebaPantallas.h"
 
 #include <QAbstractButton>
 #include <QComboBox>
@@ -20,11 +22,14 @@ namespace fichas {
 // Entorno de prueba ya conectado a su base de datos.
 struct Entorno : EntornoPrueba { Entorno() { conectar(); } };
 
-// Abre la ficha como lo hace la lista ("ALTA", "MODIFICAR").
+// Abre la ficha como lo hace la lista ("ALTA", "MODIFICAR") o, con quien recibe el registro
+// guardado, como lo hace un selector.
 template <class T>
-T* abrir(const QString& tabla, const QString& operacion, qint64 codigo = 0, const QString& claveRetorno = {})
+T* abrir(const QString& tabla, const QString& operacion, qint64 codigo = 0, const QString& claveRetorno = {}, AlGuardar alGuardar = {})
 {
-    return abrirFicha({.tabla = tabla, .tipoImpreso = {}, .operacion = operacion, .codigo = codigo, .codigoTexto = {}, .claveRetorno = claveRetorno}) ? Pantallas::cargada<T>() : nullptr;
+    return Fichas::abrir({.tabla = tabla, .operacion = operacion, .codigo = codigo, .claveRetorno = claveRetorno, .alGuardar = alGuardar})
+               ? Pantallas::cargada<T>()
+               : nullptr;
 }
 
 inline QWidget* control(QWidget* f, const QString& nombre)
@@ -79,6 +84,13 @@ inline void pulsar(QWidget* f, const QString& nombre) { boton(f, nombre)->click(
 // Persona (0) o sociedad (1).
 inline QAbstractButton* tipo(QWidget* f, int indice) { return boton(f, QStringLiteral("opt_Tipo_%1").arg(indice)); }
 
+// ¿Está abierta la lista de búsqueda de esa clave de tabla?
+inline bool listaAbierta(const QString& tabla)
+{
+    frmBuscar* l = Pantallas::cargada<frmBuscar>();
+    return l && l->Tabla == tabla;
+}
+
 inline bool abierta(QWidget* f)
 {
     procesarEventos();
@@ -108,16 +120,6 @@ inline void sql(const QString& texto, const QVariantList& valores = {})
     UsoConexion uso;
     ejecutar(texto, valores);
 }
-
-// Receptor de prueba de las pantallas que aún no existen: el nombre de la real y sus cajas.
-struct Receptor : Pantalla {
-    Receptor(const QString& nombre, const QStringList& cajas)
-    {
-        setObjectName(nombre);
-        for (const QString& c : cajas)
-            (new QLineEdit(this))->setObjectName(c);
-    }
-};
 
 // Limpieza común tras cada prueba: sin pantallas ni menú, y sin transacción pendiente.
 inline void limpiar()

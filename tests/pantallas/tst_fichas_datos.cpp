@@ -231,5 +231,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(tst_fichas_datos)
+PRUEBA_PANTALLAS(tst_fichas_datos)
 #include "tst_fichas_datos.moc"

@@ -11,13 +11,14 @@ using namespace fichas;
 
 namespace {
 
-FichaOtros* abrirOtros(const QString& tabla, const QString& operacion, qint64 codigo = 0, const QString& clave = {})
+FichaOtros* abrirOtros(const QString& tabla, const QString& operacion, qint64 codigo = 0, const QString& clave = {},
+                       AlGuardar alGuardar = {})
 {
     if (tabla == QLatin1String("APAREJADORES"))
-        return abrir<frmAparejador>(tabla, operacion, codigo, clave);
+        return abrir<frmAparejador>(tabla, operacion, codigo, clave, alGuardar);
     if (tabla == QLatin1String("CONTRATISTAS"))
-        return abrir<frmContratista>(tabla, operacion, codigo, clave);
-    return abrir<frmArquitecto>(tabla, operacion, codigo, clave);
+        return abrir<frmContratista>(tabla, operacion, codigo, clave, alGuardar);
+    return abrir<frmArquitecto>(tabla, operacion, codigo, clave, alGuardar);
 }
 
 const QString OBLIGATORIO = QStringLiteral("\nPor favor, escriba un valor");
@@ -105,7 +106,7 @@ private slots:
         QCOMPARE(fila(QStringLiteral("SELECT Categoria, esS, COALESCE(NumColegiado, 'nulo'), COALESCE(Colegio, 'nulo'), Tfno_Cli1 "
                                      "FROM OTROS WHERE Codigo_Cli = 8")),
                  caso.guardado + QVariantList{QStringLiteral("975 22 33 44")});
-        QVERIFY(frmMenu::existente());  // sin clave de devolución se abre la lista
+        QVERIFY(listaAbierta(caso.tabla));  // sin quien reciba el alta se abre la lista
     }
 
     // Tipo al abrir: el de un arquitecto guardado queda fijo; las listas de sólo personas o
@@ -203,30 +204,42 @@ private slots:
                  QStringLiteral("321/Rosa León/Obras y Reformas SA|12/otra/otro"));
     }
 
-    // Devolución: código y nombre a la ficha que pidió el alta, sin abrir la lista.
+    // Devolución: quien pidió el alta recibe código, nombre, número y la fila de su lista, ya
+    // confirmado el alta; la lista del menú no se abre.
     void devolucion_data()
     {
-        QTest::addColumn<QStringList>("caso");  // tabla, clave, receptor, control del código, del nombre
-        QTest::newRow("coordinador") << QStringList{"COORDINADOR_SS", "FRMPROYECTO_COORDINADOR", "frmProyecto", "lbl_CodCoordinadorSyS", "txt_CoordinadorSyS"};
-        QTest::newRow("emisor B1") << QStringList{"ARQUITECTOS", "FRMDATOSIMPRESOB1B3B4_EMISOR", "frmDatosImpreso_B1_B3_B4", "txt_CodEmisor", "txt_Emisor"};
-        QTest::newRow("apa proyecto") << QStringList{"APAREJADORES", "FRMPROYECTO_APAREJADOR", "frmProyecto", "lbl_CodAparejador", "txt_Aparejador"};
-        QTest::newRow("con proyecto") << QStringList{"CONTRATISTAS", "FRMPROYECTO_CONSTRUCTOR", "frmProyecto", "lbl_CodConstructor", "txt_Constructor"};
+        QTest::addColumn<QString>("tabla");
+        QTest::addColumn<QString>("numero");
+        QTest::newRow("coordinador") << "COORDINADOR_SS" << "321";
+        QTest::newRow("arquitecto") << "ARQUITECTOS" << "321";
+        QTest::newRow("arquitecto técnico") << "APAREJADORES" << "321";
+        QTest::newRow("contratista") << "CONTRATISTAS" << "";
     }
 
     void devolucion()
     {
-        QFETCH(QStringList, caso);
+        QFETCH(QString, tabla);
+        QFETCH(QString, numero);
         Entorno e;
         sembrar();
-        auto* r = new Receptor(caso[2], caso.mid(3));
-        FichaOtros* f = abrirOtros(caso[0], QStringLiteral("ALTA"), 0, caso[1]);
-        if (caso[0] != QLatin1String("CONTRATISTAS"))
-            poner(f, QStringLiteral("txt_NumColegiado"), QStringLiteral("321"));
-        poner(f, {{"txt_Nombre", "Ana"}, {"txt_Apellidos", "Gil"}});
+        QList<RegistroGuardado> recibidos;
+        QStringList filasAlRecibir;
+        FichaOtros* f = abrirOtros(tabla, QStringLiteral("ALTA"), 0, QStringLiteral("RUTA"), [&](const RegistroGuardado& r) {
+            recibidos << r;
+            filasAlRecibir << valor(QStringLiteral("SELECT Nombre_Cli FROM OTROS WHERE Codigo_Cli = ?"), {r.codigo}).toString();
+        });
+        if (!numero.isEmpty())
+            poner(f, QStringLiteral("txt_NumColegiado"), numero);
+        poner(f, {{"txt_Nombre", "Ana"}, {"txt_Apellidos", "Gil"}, {"txt_Municipio", "Soria"}});
         pulsar(f, QStringLiteral("cmd_Guardar"));
-        QCOMPARE(leer(r, caso.mid(3)), (QStringList{"8", "Ana Gil"}));
+        QCOMPARE(recibidos.size(), 1);
+        const RegistroGuardado& r = recibidos[0];
+        QCOMPARE((QStringList{r.operacion, QString::number(r.codigo), r.nombre, r.numero}),
+                 (QStringList{"ALTA", "8", "Ana Gil", numero}));
+        QCOMPARE(r.columnas, (QStringList{numero, "Ana", "Gil", "", "", "Soria", ""}));
+        QCOMPARE(filasAlRecibir, QStringList{"Ana"});  // ya guardada al recibirla
         QVERIFY(!abierta(f));
-        QVERIFY(!frmMenu::existente());
+        QVERIFY(!Pantallas::cargada<frmBuscar>());
     }
 
     // Alta pedida desde la configuración: nombre y número, sin código; los datos del estudio
@@ -246,7 +259,8 @@ private slots:
         Entorno e;
         auto* conf = new frmConfiguracion;
         poner(conf, QStringLiteral("txt_Sociedad"), sociedadPrevia);
-        FichaOtros* f = abrirOtros(QStringLiteral("ARQUITECTOS_SIMPLE"), QStringLiteral("ALTA"), 0, QStringLiteral("FRMCONFIGURACION_ARQUITECTO_1"));
+        FichaOtros* f = abrirOtros(QStringLiteral("ARQUITECTOS_SIMPLE"), QStringLiteral("ALTA"), 0, QStringLiteral("FRMCONFIGURACION_ARQUITECTO_1"),
+                                   conf->peticionSelector(0).alDarDeAlta);
         poner(f, {{"txt_NumColegiado", "321"}, {"txt_Nombre", "Ana"}, {"txt_Apellidos", "Gil"}, {"txt_Domicilio", "Real, 1"}});
         pulsar(f, QStringLiteral("cmd_Guardar"));
         QCOMPARE(e.textos(), QStringList{QStringLiteral("Arquitecto dado de alta correctamente")});
@@ -254,5 +268,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(tst_fichas_otros)
+PRUEBA_PANTALLAS(tst_fichas_otros)
 #include "tst_fichas_otros.moc"

@@ -7,7 +7,9 @@
 #include "reports/frmVisorCrystal.h"
 #include "reports/modInformes.h"
 #include "search/frmBuscar.h"
+#include "core/Fichas.h"
 #include "tests/comun/EntornoPrueba.h"
+#include "tests/pantallas/PruebaPantallas.h"
 
 #include <QAction>
 #include <QLineEdit>
@@ -109,9 +111,7 @@ T* control(QWidget* w, const char* nombre)
 
 DatosImpreso* abrir(const QString& tipo, const QString& operacion, qint64 clave = 0)
 {
-    PeticionFicha p;
-    p.tabla = "DATOSA1B2", p.tipoImpreso = tipo, p.operacion = operacion, p.codigo = clave;
-    if (!abrirImpreso(p))
+    if (!Fichas::abrir({.tabla = QStringLiteral("DATOSA1B2"), .tipoImpreso = tipo, .operacion = operacion, .codigo = clave}))
         return nullptr;
     const QList<QWidget*> l = Pantallas::cargadas();
     for (auto it = l.rbegin(); it != l.rend(); ++it)
@@ -346,5 +346,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(tst_impresos_a1b2)
+PRUEBA_PANTALLAS(tst_impresos_a1b2)
 #include "tst_impresos_a1b2.moc"

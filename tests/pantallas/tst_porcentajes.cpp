@@ -3,6 +3,7 @@
 #include "masterdata/Porcentajes.h"
 #include "masterdata/frmOpcionesArquitecto.h"
 #include "tests/comun/EntornoPrueba.h"
+#include "tests/pantallas/PruebaPantallas.h"
 
 #include <QCheckBox>
 #include <QLineEdit>
@@ -180,5 +181,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(tst_porcentajes)
+PRUEBA_PANTALLAS(tst_porcentajes)
 #include "tst_porcentajes.moc"

@@ -45,9 +45,10 @@ void datos()
     sql(QStringLiteral("INSERT INTO Config (CodSoc, CodArq1, CodArq2, CodArq3, IVA, IRPF) VALUES (10, 11, 12, 77, 21, 15)"));
 }
 
-frmProyecto* abrirProyecto(const QString& operacion, qint64 codigo = 0, const QString& retorno = {})
+frmProyecto* abrirProyecto(const QString& operacion, qint64 codigo = 0, const QString& retorno = {}, AlGuardar alGuardar = {})
 {
-    abrirFichaProyecto(PeticionFicha{QStringLiteral("PROYECTOS_A"), {}, operacion, codigo, {}, retorno, nullptr});
+    abrirFichaProyecto({.tabla = QStringLiteral("PROYECTOS_A"), .operacion = operacion, .codigo = codigo, .claveRetorno = retorno,
+                        .alGuardar = alGuardar});
     return Pantallas::cargada<frmProyecto>();
 }
 
@@ -242,8 +243,9 @@ private slots:
     void guardarYRecargar()
     {
         EntornoPrueba& e = *m_e;
-        Receptor impreso(QStringLiteral("frmDatosImpreso_A1"), {QStringLiteral("txt_CodProyecto"), QStringLiteral("txt_Proyecto")});
-        frmProyecto* f = abrirProyecto(QStringLiteral("ALTA"), 0, QStringLiteral("FRMDATOSIMPRESOA1_PROYECTO"));
+        L recibido;  // lo que recibe el impreso que pidió el alta
+        frmProyecto* f = abrirProyecto(QStringLiteral("ALTA"), 0, QStringLiteral("FRMDATOSIMPRESOA1_PROYECTO"),
+                                       [&](const RegistroGuardado& r) { recibido = {QString::number(r.codigo), r.nombre}; });
         poner(f, {{"txt_Trabajo", "  Vivienda unifamiliar  "}, {"txt_Emplazamiento", "Calle Mayor 3"}, {"txt_Municipio", "Soria"},
                   {"cbo_Provincia", "Soria"}, {"txt_NumExpediente", "2008-15"}, {"txt_Notas", "Primera fase"}});
         fecha(f, QStringLiteral("msk_FechaVisado"))->setText(QStringLiteral("01022008"));
@@ -258,9 +260,9 @@ private slots:
         f->cmd_Guardar_Click();
         QCOMPARE(e.textos(), L{"Proyecto dado de alta correctamente"});
         QVERIFY(!abierta(f));
-        QVERIFY(!frmMenu::existente());  // con devolución no se abre la lista
+        QVERIFY(!Pantallas::cargada<frmBuscar>());  // con devolución no se abre la lista
         const qint64 pry = valor(QStringLiteral("SELECT PryCod FROM Proyectos_A")).toLongLong();
-        QCOMPARE(leer(&impreso, L{"txt_CodProyecto", "txt_Proyecto"}), (L{QString::number(pry), "Vivienda unifamiliar"}));
+        QCOMPARE(recibido, (L{QString::number(pry), "Vivienda unifamiliar"}));
         QCOMPARE(columna(QStringLiteral("SELECT Trabajo, Emplazamiento, Municipio, Provincia, EXPNUM, EXPFV, EXPFFO, PRYF1, PRYF2, PRYF3, "
                                         "PRYF4, PRYNTS, Codigo_Cliente, CLINOM, Codigo_Representante, Codigo_SeguridadSalud, ARQREG "
                                         "FROM Proyectos_A")),
@@ -305,8 +307,8 @@ private slots:
         QVERIFY(!f->PreguntarGuardarCambios());
     }
 
-    // Salida del guardado sin el proyecto: transacción abierta y cursor de espera hasta que el
-    // usuario vuelve a actuar; después se puede guardar.
+    // Salida del guardado sin el proyecto: el aviso sale con la transacción ya deshecha y sin
+    // cursor de espera, otro puesto puede guardar mientras se lee, y después se puede guardar.
     void salidaSinProyecto()
     {
         EntornoPrueba& e = *m_e;
@@ -315,14 +317,19 @@ private slots:
         sql(QStringLiteral("DELETE FROM Proyectos_A"));
         poner(f, QStringLiteral("txt_Trabajo"), QStringLiteral("Vivienda 2"));
         e.limpiarCuadros();
+        bool otroPuestoGuarda = false;
+        Mensajes::instalarContestador([&](const Mensajes::Cuadro& c) {
+            e.cuadros << c;
+            otroPuestoGuarda = otroPuestoPuedeGuardar(e.ficheroBD());
+            return c.porDefecto;
+        });
         f->cmd_Guardar_Click();
         QCOMPARE(e.textos(), L{"No se han podido cargar los datos del proyecto"});
-        QVERIFY(transaccionEnCurso);
-        QVERIFY(QApplication::overrideCursor() && QApplication::overrideCursor()->shape() == Qt::WaitCursor);
-        QVERIFY(abierta(f) && !f->cancelarCierre());
-        QTest::keyClick(control(f, QStringLiteral("txt_Municipio")), Qt::Key_S);
+        QVERIFY(otroPuestoGuarda);
         QVERIFY(!transaccionEnCurso);
         QVERIFY(!QApplication::overrideCursor());
+        QVERIFY(abierta(f) && !f->cancelarCierre());
+        QTest::keyClick(control(f, QStringLiteral("txt_Municipio")), Qt::Key_S);
         sql(QStringLiteral("INSERT INTO Proyectos_A (PryCod, Trabajo) VALUES (?, 'Vivienda')"), {pry});
         e.limpiarCuadros();
         f->cmd_Guardar_Click();
@@ -351,5 +358,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(tst_proyecto)
+PRUEBA_PANTALLAS(tst_proyecto)
 #include "tst_proyecto.moc"

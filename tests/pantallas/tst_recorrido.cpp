@@ -7,15 +7,19 @@
 #include "masterdata/frmCliente.h"
 #include "masterdata/frmConfiguracion.h"
 #include "masterdata/frmProyecto.h"
-#include "search/AperturaFichas.h"
+#include "core/Fichas.h"
 #include "masterdata/frmArquitecto.h"
 #include "search/frmBuscarSeleccionar.h"
 #include "search/frmSeleccionarTipoPerceptor.h"
 #include "search/ModeloResultados.h"
-#include "forms/AbrirImpreso.h"
+#include "forms/DatosImpreso.h"
+#include "search/frmBuscar.h"
 #include "tests/comun/EntornoPrueba.h"
+#include "tests/pantallas/PruebaPantallas.h"
 
+#include <QLabel>
 #include <QLineEdit>
+#include <QPushButton>
 #include <QRadioButton>
 #include <QTreeWidget>
 #include <QtTest>
@@ -50,12 +54,44 @@ void escribir(QWidget* w, const char* control, const QString& texto)
 
 QString texto(QWidget* w, const char* control) { return w->findChild<QLineEdit*>(QString::fromLatin1(control))->text(); }
 
+// Texto de un control: cajas y etiquetas tal cual; una lista, sus filas con las columnas unidas por "|".
+QString leerControl(QWidget* w, const QString& nombre)
+{
+    QWidget* c = w->findChild<QWidget*>(nombre);
+    if (auto* t = qobject_cast<QLineEdit*>(c))
+        return t->text();
+    if (auto* l = qobject_cast<QLabel*>(c))
+        return l->text();
+    if (auto* lista = qobject_cast<QTreeWidget*>(c)) {
+        QStringList filas;
+        for (int i = 0; i < lista->topLevelItemCount(); ++i) {
+            QStringList columnas;
+            for (int j = 0; j < lista->columnCount(); ++j)
+                columnas << lista->topLevelItem(i)->text(j);
+            filas << columnas.join(QLatin1Char('|'));
+        }
+        return filas.join(QLatin1Char('\n'));
+    }
+    return QStringLiteral("(no existe %1)").arg(nombre);
+}
+
 }  // namespace
 
 class tst_recorrido : public QObject {
     Q_OBJECT
 
 private slots:
+    // Cada caso empieza sin pantallas abiertas, también tras uno que falla a medias.
+    void cleanup()
+    {
+        const QList<QWidget*> abiertas = Pantallas::cargadas();
+        for (const QPointer<QWidget>& w : QList<QPointer<QWidget>>(abiertas.begin(), abiertas.end()))
+            if (w && w != frmMenu::existente())
+                delete w.data();
+        delete frmMenu::existente();
+        procesarEventos();
+    }
+
     void estudioClienteYProyecto()
     {
         EntornoPrueba e;
@@ -92,7 +128,7 @@ private slots:
         PeticionFicha nuevoCliente;
         nuevoCliente.tabla = QStringLiteral("CLIENTES");
         nuevoCliente.operacion = QStringLiteral("ALTA");
-        QVERIFY(abrirFicha(nuevoCliente));
+        QVERIFY(Fichas::abrir(nuevoCliente));
         frmCliente* cli = Pantallas::cargada<frmCliente>();
         cli->findChild<QRadioButton*>(QStringLiteral("opt_Tipo_1"))->click();
         escribir(cli, "txt_Nombre", QStringLiteral("Promociones O'Donnell S.L."));
@@ -109,7 +145,7 @@ private slots:
         PeticionFicha nuevoProyecto;
         nuevoProyecto.tabla = QStringLiteral("PROYECTOS_A");
         nuevoProyecto.operacion = QStringLiteral("ALTA");
-        QVERIFY(abrirFicha(nuevoProyecto));
+        QVERIFY(Fichas::abrir(nuevoProyecto));
         frmProyecto* p = Pantallas::cargada<frmProyecto>();
         auto* lvw = p->findChild<QTreeWidget*>(QStringLiteral("lvw_Arquitectos"));
         QCOMPARE(lvw->topLevelItemCount(), 3);
@@ -131,7 +167,7 @@ private slots:
         PeticionFicha editar = nuevoProyecto;
         editar.operacion = QStringLiteral("MODIFICAR");
         editar.codigo = clave;
-        QVERIFY(abrirFicha(editar));
+        QVERIFY(Fichas::abrir(editar));
         p = Pantallas::cargada<frmProyecto>();
         QCOMPARE(texto(p, "txt_Trabajo"), QStringLiteral("Vivienda unifamiliar"));
         QCOMPARE(texto(p, "txt_Cliente"), QStringLiteral("Promociones O'Donnell S.L."));
@@ -165,7 +201,7 @@ private slots:
         PeticionFicha nuevo;
         nuevo.tabla = QStringLiteral("PROYECTOS_A");
         nuevo.operacion = QStringLiteral("ALTA");
-        QVERIFY(abrirFicha(nuevo));
+        QVERIFY(Fichas::abrir(nuevo));
         frmProyecto* p = Pantallas::cargada<frmProyecto>();
         p->img_Buscar_Click(1);
         frmBuscarSeleccionar* s = Pantallas::cargada<frmBuscarSeleccionar>();
@@ -189,83 +225,160 @@ private slots:
         Pantallas::descargar(p);
     }
 
-    // Cada receptor construido recibe la fila elegida (o las marcadas) por el selector.
-    void devolucionDelSelector_data()
+    // Cada ruta de devolución: lo elegido en el selector, o el registro dado de alta con "Nuevo"
+    // desde él, llega a los controles de la pantalla que lo abrió.
+    void rutasDeDevolucion_data()
     {
-        QTest::addColumn<QString>("pantalla");
-        QTest::addColumn<QString>("tabla");
-        QTest::addColumn<QString>("llamada");
-        QTest::addColumn<QString>("retorno");
-        QTest::addColumn<QString>("control");
-        QTest::addColumn<QString>("esperado");
-        const QString enProyecto = QStringLiteral("SELECCIONAR_EN_PROYECTOS");
-        QTest::newRow("aparejadores marcados") << "frmProyecto" << "APAREJADORES" << enProyecto << "FRMPROYECTO_APAREJADOR" << "txt_Aparejador"
-                                               << "Pablo Ortega, Eva Sanz";  // en el orden de la lista: por apellidos
-        QTest::newRow("constructores marcados") << "frmProyecto" << "CONTRATISTAS" << enProyecto << "FRMPROYECTO_CONSTRUCTOR" << "txt_Constructor"
-                                                << "Obras Duero SA";
-        QTest::newRow("coordinador") << "frmProyecto" << "COORDINADOR_SS" << enProyecto << "FRMPROYECTO_COORDINADOR" << "txt_CoordinadorSyS"
-                                     << "Ana Ruiz";
-        QTest::newRow("proyecto del A1") << "frmDatosImpreso_A1" << "PROYECTOS_A" << "SELECCIONAR_EN_IMPRESO_A1" << "FRMDATOSIMPRESOA1_PROYECTO"
-                                         << "txt_Proyecto" << "Nave agrícola";
+        QTest::addColumn<QString>("pantalla");     // quien abre el selector
+        QTest::addColumn<int>("boton");            // índice de su img_Buscar (-1: el único)
+        QTest::addColumn<QString>("accion");       // "elegir" el código dado (marcando todas) o "nuevo"
+        QTest::addColumn<QStringList>("alta");     // campos de la ficha nueva: "control=valor"
+        QTest::addColumn<QStringList>("controles");
+        QTest::addColumn<QStringList>("esperado");
+        const QStringList arquitecto{"txt_NumColegiado=555", "txt_Nombre=Marta", "txt_Apellidos=Vidal"};
+        const QString proyecto = QStringLiteral("frmProyecto");
+        const QString conf = QStringLiteral("frmConfiguracion");
+        QTest::newRow("arquitecto del proyecto") << proyecto << 0 << "elegir 1" << QStringList{} << QStringList{"lvw_Arquitectos"}
+                                                 << QStringList{"Ana Ruiz|11||NO"};
+        QTest::newRow("arquitecto nuevo del proyecto") << proyecto << 0 << "nuevo" << arquitecto << QStringList{"lvw_Arquitectos"}
+                                                       << QStringList{"Marta Vidal|555||NO"};
+        QTest::newRow("autores marcados") << proyecto << 1 << "elegir 1" << QStringList{} << QStringList{"txt_AutorProyecto"}
+                                          << QStringList{"Estudio SLP, Ana Ruiz"};  // en el orden de la lista: por apellidos
+        QTest::newRow("cliente") << proyecto << 2 << "elegir 1" << QStringList{}
+                                 << QStringList{"lbl_CodCliente", "lbl_NIFCliente", "txt_Cliente", "txt_Representante"}
+                                 << QStringList{"1", "11111111H", "María López", ""};
+        QTest::newRow("cliente nuevo") << proyecto << 2 << "nuevo" << QStringList{"txt_Nombre=Rosa", "txt_Apellidos=Gil", "txt_NIF=22222222J"}
+                                       << QStringList{"lbl_CodCliente", "lbl_NIFCliente", "txt_Cliente"}
+                                       << QStringList{"2", "22222222J", "Rosa Gil"};
+        QTest::newRow("aparejadores marcados") << proyecto << 4 << "elegir 2" << QStringList{}
+                                               << QStringList{"lbl_ClaveAparejador", "lbl_CodAparejador", "txt_Aparejador"}
+                                               << QStringList{"3,2", "23,22", "Pablo Ortega, Eva Sanz"};
+        QTest::newRow("aparejador nuevo") << proyecto << 4 << "nuevo" << arquitecto << QStringList{"lbl_CodAparejador", "txt_Aparejador"}
+                                          << QStringList{"6", "Marta Vidal"};
+        QTest::newRow("constructores marcados") << proyecto << 5 << "elegir 4" << QStringList{}
+                                                << QStringList{"lbl_CodConstructor", "txt_Constructor"} << QStringList{"4", "Obras Duero SA"};
+        QTest::newRow("constructor nuevo") << proyecto << 5 << "nuevo" << QStringList{"txt_Nombre=Obras Sil SL"}
+                                           << QStringList{"lbl_CodConstructor", "txt_Constructor"} << QStringList{"6", "Obras Sil SL"};
+        QTest::newRow("coordinador") << proyecto << 6 << "elegir 1" << QStringList{}
+                                     << QStringList{"lbl_CodCoordinadorSyS", "txt_CoordinadorSyS"} << QStringList{"1", "Ana Ruiz"};
+        QTest::newRow("coordinador nuevo") << proyecto << 6 << "nuevo" << arquitecto
+                                           << QStringList{"lbl_CodCoordinadorSyS", "txt_CoordinadorSyS"} << QStringList{"6", "Marta Vidal"};
+        QTest::newRow("arquitecto 1 del estudio") << conf << 0 << "elegir 1" << QStringList{}
+                                                  << QStringList{"txt_CodArq_1", "txt_Arquitecto_1", "txt_NumColegiado_1", "txt_Municipio"}
+                                                  << QStringList{"1", "Ana Ruiz", "11", "Soria"};
+        QTest::newRow("arquitecto 1 nuevo del estudio") << conf << 0 << "nuevo" << (arquitecto + QStringList{"txt_Municipio=Ávila"})
+                                                        << QStringList{"txt_CodArq_1", "txt_Arquitecto_1", "txt_NumColegiado_1", "txt_Municipio"}
+                                                        << QStringList{"", "Marta Vidal", "555", "Ávila"};
+        QTest::newRow("sociedad del estudio") << conf << 4 << "elegir 5" << QStringList{}
+                                              << QStringList{"txt_CodSoc", "txt_Sociedad", "txt_NumRegistro", "txt_Municipio"}
+                                              << QStringList{"5", "Estudio SLP", "77", "Burgos"};
+        QTest::newRow("sociedad nueva del estudio") << conf << 4 << "nuevo"
+                                                    << QStringList{"txt_NumColegiado=88", "txt_Nombre=Taller SLP", "txt_Municipio=León"}
+                                                    << QStringList{"txt_CodSoc", "txt_Sociedad", "txt_NumRegistro", "txt_Municipio"}
+                                                    << QStringList{"", "Taller SLP", "88", "León"};
+        for (const char* impreso : {"A1", "B2"}) {
+            QTest::newRow(qPrintable(QStringLiteral("proyecto del %1").arg(QLatin1String(impreso))))
+                << QStringLiteral("impreso %1").arg(QLatin1String(impreso)) << -1 << "elegir 7" << QStringList{}
+                << QStringList{"txt_CodProyecto", "txt_Proyecto"} << QStringList{"7", "Nave agrícola"};
+            QTest::newRow(qPrintable(QStringLiteral("proyecto nuevo del %1").arg(QLatin1String(impreso))))
+                << QStringLiteral("impreso %1").arg(QLatin1String(impreso)) << -1 << "nuevo" << QStringList{"txt_Trabajo=Almacén"}
+                << QStringList{"txt_CodProyecto", "txt_Proyecto"} << QStringList{"8", "Almacén"};
+        }
     }
 
-    void devolucionDelSelector()
+    void rutasDeDevolucion()
     {
         QFETCH(QString, pantalla);
-        QFETCH(QString, tabla);
-        QFETCH(QString, llamada);
-        QFETCH(QString, retorno);
-        QFETCH(QString, control);
-        QFETCH(QString, esperado);
+        QFETCH(int, boton);
+        QFETCH(QString, accion);
+        QFETCH(QStringList, alta);
+        QFETCH(QStringList, controles);
+        QFETCH(QStringList, esperado);
         EntornoPrueba e;
         e.conectar();
         {
             UsoConexion uso;
             ejecutar(QStringLiteral("INSERT INTO Config (IVA, IRPF) VALUES (16, 15)"));
-            const QString sql = QStringLiteral("INSERT INTO OTROS (Codigo_Cli, Categoria, esS, NumColegiado, Nombre_Cli, Ape_Cli) VALUES (?, ?, 0, ?, ?, ?)");
-            ejecutar(sql, {1, QStringLiteral("ARQUITECTO"), 11, QStringLiteral("Ana"), QStringLiteral("Ruiz")});
-            ejecutar(sql, {2, QStringLiteral("ARQUITECTO TECNICO"), 22, QStringLiteral("Eva"), QStringLiteral("Sanz")});
-            ejecutar(sql, {3, QStringLiteral("ARQUITECTO TECNICO"), 23, QStringLiteral("Pablo"), QStringLiteral("Ortega")});
-            ejecutar(sql, {4, QStringLiteral("CONSTRUCTOR"), 0, QStringLiteral("Obras Duero SA"), QVariant()});
+            const QString sql = QStringLiteral("INSERT INTO OTROS (Codigo_Cli, Categoria, esS, NumColegiado, Nombre_Cli, Ape_Cli, Municipio_Cli) "
+                                               "VALUES (?, ?, ?, ?, ?, ?, ?)");
+            ejecutar(sql, {1, QStringLiteral("ARQUITECTO"), 0, 11, QStringLiteral("Ana"), QStringLiteral("Ruiz"), QStringLiteral("Soria")});
+            ejecutar(sql, {2, QStringLiteral("ARQUITECTO TECNICO"), 0, 22, QStringLiteral("Eva"), QStringLiteral("Sanz"), QVariant()});
+            ejecutar(sql, {3, QStringLiteral("ARQUITECTO TECNICO"), 0, 23, QStringLiteral("Pablo"), QStringLiteral("Ortega"), QVariant()});
+            ejecutar(sql, {4, QStringLiteral("CONSTRUCTOR"), 0, 0, QStringLiteral("Obras Duero SA"), QVariant(), QVariant()});
+            ejecutar(sql, {5, QStringLiteral("ARQUITECTO"), 1, 77, QStringLiteral("Estudio SLP"), QVariant(), QStringLiteral("Burgos")});
+            ejecutar(QStringLiteral("INSERT INTO Clientes (Codigo_Cli, Nombre_Cli, Ape_Cli, NIF) VALUES (1, 'María', 'López', '11111111H')"));
             ejecutar(QStringLiteral("INSERT INTO Proyectos_A (PryCod, EXPNUM, Trabajo) VALUES (7, '2008/1', 'Nave agrícola')"));
         }
         frmMenu::instancia()->show();
-        PeticionFicha nueva;
-        nueva.tabla = pantalla == QLatin1String("frmProyecto") ? QStringLiteral("PROYECTOS_A") : QStringLiteral("DATOSA1B2");
-        nueva.tipoImpreso = QStringLiteral("A1");
-        nueva.operacion = QStringLiteral("ALTA");
-        QVERIFY(abrirFicha(nueva));
-        QWidget* receptor = Devolucion::receptor(pantalla);
-        QVERIFY(receptor);
-        frmBuscarSeleccionar* s = frmBuscarSeleccionar::abrir(tabla, llamada, QStringLiteral("Buscar"), retorno);
-        // En las listas con casillas se marcan todas; en las demás se elige la primera fila.
-        for (int i = 0; i < s->modelo()->rowCount(); ++i)
-            s->modelo()->setMarcada(i, true);
-        s->seleccionarFila(0);
-        s->cmd_Seleccionar_Click();
-        procesarEventos();
-        QVERIFY(!Pantallas::cargada<frmBuscarSeleccionar>());
-        QCOMPARE(texto(receptor, control.toLatin1().constData()), esperado);
-        if (pantalla != QLatin1String("frmProyecto"))
-            QCOMPARE(texto(receptor, "txt_CodProyecto"), QStringLiteral("7"));
-        e.respuestas << Respuesta::No;  // salir sin guardar
-        Pantallas::descargar(receptor);
+
+        // La pantalla que pide, abierta como la abre su lista o el menú, y su botón de búsqueda.
+        QWidget* receptor = nullptr;
+        if (pantalla == QLatin1String("frmProyecto")) {
+            QVERIFY(Fichas::abrir({.tabla = QStringLiteral("PROYECTOS_A"), .operacion = QStringLiteral("ALTA")}));
+            auto* p = Pantallas::cargada<frmProyecto>();
+            receptor = p;
+            p->img_Buscar_Click(boton);
+        } else if (pantalla == QLatin1String("frmConfiguracion")) {
+            frmConfiguracion* c = frmConfiguracion::abrir(0);
+            receptor = c;
+            c->img_Buscar_Click(boton);
+        } else {
+            QVERIFY(Fichas::abrir({.tabla = QStringLiteral("DATOSA1B2"), .tipoImpreso = pantalla.mid(8), .operacion = QStringLiteral("ALTA")}));
+            auto* d = Pantallas::cargada<DatosImpreso>();
+            receptor = d;
+            d->img_Buscar_Click();
+        }
+        QPointer<frmBuscarSeleccionar> s = Pantallas::cargada<frmBuscarSeleccionar>();
+        QVERIFY(s);
+
+        if (accion == QLatin1String("nuevo")) {
+            s->cmd_Nuevo_Click();
+            QWidget* ficha = nullptr;
+            for (QWidget* w : Pantallas::cargadas())
+                if (w->inherits("FichaRegistro") || (w != receptor && w->inherits("frmProyecto")))
+                    ficha = w;
+            QVERIFY2(ficha, "no se ha abierto la ficha del alta");
+            for (const QString& par : alta)
+                escribir(ficha, par.section(QLatin1Char('='), 0, 0).toLatin1().constData(), par.section(QLatin1Char('='), 1));
+            QMetaObject::invokeMethod(ficha->findChild<QPushButton*>(QStringLiteral("cmd_Guardar")), "click");
+            procesarEventos();
+            QVERIFY(!Pantallas::cargadas().contains(ficha));
+            QVERIFY(!s);  // el selector se cerró al abrir la ficha
+        } else {
+            const QString codigo = accion.section(QLatin1Char(' '), 1);
+            for (int i = 0; i < s->modelo()->rowCount(); ++i)
+                s->modelo()->setMarcada(i, true);
+            const QList<FilaResultado> filas = s->filasResultado();
+            for (int i = 0; i < filas.size(); ++i)
+                if (filas[i].clave == codigo)
+                    s->seleccionarFila(i);
+            s->cmd_Seleccionar_Click();
+            procesarEventos();
+            QVERIFY(!s);
+        }
+        QStringList leidos;
+        for (const QString& c : controles)
+            leidos << leerControl(receptor, c);
+        QCOMPARE(leidos, esperado);
+        // Nadie escribe en otra pantalla por su nombre: la lista del menú sigue sin abrirse.
+        QVERIFY(!Pantallas::cargada<frmBuscar>());
     }
 
+    // El tipo de perceptor elegido va a quien abrió la elección, y el selector se abre con la
+    // tabla y el título de la opción y la devolución que se le dio.
     void eleccionDelTipoDePerceptor()
     {
         EntornoPrueba e;
         e.conectar();
-        Pantalla receptor;  // hace de frmDatosImpreso_B4_Propio
-        receptor.setObjectName(QStringLiteral("frmDatosImpreso_B4_Propio"));
-        auto* tipo = new QLineEdit(&receptor);
-        tipo->setObjectName(QStringLiteral("txt_TipoPerceptor"));
-        frmSeleccionarTipoPerceptor* t = frmSeleccionarTipoPerceptor::abrir();
+        QString tipo;
+        bool elegido = false;
+        auto* t = abrirSeleccionTipo<frmSeleccionarTipoPerceptor>(
+            {.alElegir = [&](const Eleccion&) { return elegido = true; }}, [&](const QString& elegidoTipo) { tipo = elegidoTipo; });
         t->findChild<QRadioButton*>(QStringLiteral("opt_Perceptor_2"))->setChecked(true);
         t->cmd_Seleccionar_Click();
         procesarEventos();
         QVERIFY(!Pantallas::cargada<frmSeleccionarTipoPerceptor>());
-        QCOMPARE(tipo->text(), QStringLiteral("CO"));
+        QCOMPARE(tipo, QStringLiteral("CO"));
         frmBuscarSeleccionar* s = Pantallas::cargada<frmBuscarSeleccionar>();
         QVERIFY(s);
         QCOMPARE(s->Tabla, QStringLiteral("CONTRATISTAS"));
@@ -276,5 +389,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(tst_recorrido)
+PRUEBA_PANTALLAS(tst_recorrido)
 #include "tst_recorrido.moc"

@@ -1,0 +1,64 @@
+#include "reports/VistaImpreso.h"
+
+#include "core/BaseDatos.h"
+#include "core/CicloPantalla.h"
+#include "core/Guardia.h"
+#include "core/Mensajes.h"
+#include "reports/TablaImpresos.h"
+#include "reports/frmVisorCrystal.h"
+#include "reports/modInformes.h"
+
+#include <QFile>
+
+namespace {
+
+// Columna del nombre en cada lista del comunicado de dirección y coordinador.
+QString columnaListaBlanco(const QString& tabla)
+{
+    if (tabla == QLatin1String("DirectoresObra_Tmp"))
+        return QStringLiteral("DIROBRANOM");
+    if (tabla == QLatin1String("DirectoresDeEjecucion_Tmp"))
+        return QStringLiteral("DIREJECNOM");
+    return QStringLiteral("COORSSNOM");
+}
+
+}  // namespace
+
+void mostrarImpreso(const VarianteImpreso& v, const QString& tituloVisor)
+{
+    Pantallas::descargar<frmVisorCrystal>();
+    modInformes::Informe = modInformes::crearInforme(v.informe);
+    modInformes::conectar();
+    modInformes::iniciarInforme_Impreso(v.codigo);
+    frmVisorCrystal::mostrarInforme(tituloVisor);
+}
+
+bool generarImpresoEnBlanco(int codigo)
+{
+    const DefinicionImpreso* d = nullptr;
+    const VarianteImpreso* v = TablaImpresos::porCodigoBlanco(codigo, &d);
+    // Sólo los impresos cuyo diseño ya existe.
+    if (!v || v->informe.isEmpty() || !QFile::exists(QStringLiteral(":/informes/") + v->informe + QStringLiteral(".xml")))
+        return false;
+    bool enTransaccion = false;
+    const bool ok = guardia(QStringLiteral("frmBuscar"), QStringLiteral("generarImpresoEnBlanco"), [&] {
+        CursorEspera espera;
+        {
+            Transaccion t;
+            enTransaccion = true;
+            ejecutar(QStringLiteral("DELETE FROM \"%1\"").arg(d->tablaTemporal));
+            // Listas del comunicado: dos filas en blanco en cada una, las líneas vacías del impreso.
+            for (const QString& extra : d->temporalesExtra) {
+                ejecutar(QStringLiteral("DELETE FROM \"%1\"").arg(extra));
+                for (int i = 0; i < 2; ++i)
+                    insertar(extra, {{columnaListaBlanco(extra), QStringLiteral("")}});
+            }
+            t.confirmar();
+            enTransaccion = false;
+        }
+        mostrarImpreso(*v, v->tituloBlanco);
+    });
+    if (!ok && enTransaccion)
+        Mensajes::aviso(TablaImpresos::AVISO_FALLO);
+    return ok;
+}
