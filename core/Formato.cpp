@@ -1,5 +1,6 @@
 #include "core/Formato.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cmath>
 #include <string>
@@ -7,14 +8,6 @@
 namespace Formato {
 
 namespace {
-
-// Cifras decimales más cortas que reproducen el double, sin exponente.
-std::string cifrasExactas(double v)
-{
-    char buf[400];
-    const auto r = std::to_chars(buf, buf + sizeof buf, v, std::chars_format::fixed);
-    return std::string(buf, r.ptr);
-}
 
 // Suma uno a la última cifra de la cadena, con acarreo; puede crecer por la izquierda.
 void incrementar(std::string& cifras)
@@ -29,6 +22,42 @@ void incrementar(std::string& cifras)
     cifras.insert(cifras.begin(), '1');
 }
 
+// Cifras del valor en unidades de la última posición decimal (valor × 10^decimales), redondeadas
+// a la mitad hacia fuera sobre su forma de quince cifras significativas: así escribía el sistema
+// los números antes de darles formato. 0,22499999999999998 es "2.25000000000000e-01" y da 0,23;
+// sobre las cifras exactas del double daría 0,22.
+std::string unidadesRedondeadas(double positivo, int decimales)
+{
+    char buf[32];
+    const auto r = std::to_chars(buf, buf + sizeof buf, positivo, std::chars_format::scientific, 14);
+    // buf: "d.dddddddddddddde±x..." (quince cifras, exponente de dos o tres).
+    std::string cifras;
+    cifras.reserve(15);
+    cifras += buf[0];
+    cifras.append(buf + 2, 14);
+    int exponente = 0;
+    for (const char* p = buf + 18; p < r.ptr; ++p)
+        exponente = exponente * 10 + (*p - '0');
+    if (buf[17] == '-')
+        exponente = -exponente;
+
+    // La primera cifra vale 10^exponente; se conservan las que valen 10^-decimales o más.
+    const long conservadas = long(exponente) + decimales + 1;
+    if (conservadas >= 15) {
+        cifras.append(size_t(conservadas - 15), '0');
+        return cifras;
+    }
+    if (conservadas < 0)
+        return "0";
+    const bool subir = cifras[size_t(conservadas)] >= '5';
+    if (conservadas == 0)
+        return std::string(1, subir ? '1' : '0');
+    cifras.resize(size_t(conservadas));
+    if (subir)
+        incrementar(cifras);
+    return cifras;
+}
+
 }  // namespace
 
 QString formatear(double valor, const QString& patron)
@@ -41,32 +70,19 @@ QString formatear(double valor, const QString& patron)
     const int decimales = punto < 0 ? 0 : int(patron.size() - punto - 1);
     const int minimoEnteras = int(std::max<qsizetype>(1, parteEntera.count(QLatin1Char('0'))));
 
-    const std::string exacto = cifrasExactas(std::fabs(valor));
-    const auto sep = exacto.find('.');
-    std::string enteros = sep == std::string::npos ? exacto : exacto.substr(0, sep);
-    std::string fraccion = sep == std::string::npos ? std::string() : exacto.substr(sep + 1);
-
-    // Redondeo a la mitad hacia fuera sobre las cifras decimales.
-    bool subir = false;
-    if (int(fraccion.size()) > decimales) {
-        subir = fraccion[size_t(decimales)] >= '5';
-        fraccion.resize(size_t(decimales));
-    } else {
-        fraccion.append(size_t(decimales) - fraccion.size(), '0');
-    }
-    std::string todo = enteros + fraccion;
-    if (subir)
-        incrementar(todo);
-    enteros = todo.substr(0, todo.size() - size_t(decimales));
-    fraccion = todo.substr(todo.size() - size_t(decimales));
+    std::string todo = unidadesRedondeadas(std::fabs(valor), decimales);
+    const bool esCero = todo.find_first_not_of('0') == std::string::npos;
+    if (todo.size() <= size_t(decimales))
+        todo.insert(0, size_t(decimales) + 1 - todo.size(), '0');
+    std::string enteros = todo.substr(0, todo.size() - size_t(decimales));
+    const std::string fraccion = todo.substr(todo.size() - size_t(decimales));
 
     enteros.erase(0, std::min(enteros.find_first_not_of('0'), enteros.size()));
     if (int(enteros.size()) < minimoEnteras)
         enteros.insert(0, size_t(minimoEnteras) - enteros.size(), '0');
 
-    const bool esCero = todo.find_first_not_of('0') == std::string::npos;
     QString r;
-    r.reserve(int(enteros.size() + fraccion.size()) + 8);
+    r.reserve(qsizetype(enteros.size() + enteros.size() / 3 + fraccion.size()) + 2);
     if (valor < 0 && !esCero)
         r += QLatin1Char('-');
     for (size_t i = 0; i < enteros.size(); ++i) {
@@ -135,20 +151,38 @@ bool analizar(const QString& texto, std::string& limpio)
     return i == n && cifras > 0;
 }
 
+// Lectura del texto ya analizado. Lo que desborda el double (cientos de cifras enteras) no se
+// puede leer; lo que se queda por debajo del menor double vale cero.
+bool leer(const std::string& limpio, double& v)
+{
+    const auto r = std::from_chars(limpio.data(), limpio.data() + limpio.size(), v);
+    if (r.ec == std::errc() && std::isfinite(v))
+        return true;
+    if (r.ec != std::errc::result_out_of_range)
+        return false;
+    const size_t inicio = limpio.front() == '-' ? 1 : 0;
+    const size_t fin = std::min(limpio.find('.'), limpio.size());
+    if (limpio.find_first_not_of('0', inicio) < fin)
+        return false;
+    v = inicio == 1 ? -0.0 : 0.0;
+    return true;
+}
+
 }  // namespace
 
+// Las dos respuestas salen de la misma lectura: lo que es numérico siempre se puede leer.
 bool esNumerico(const QString& texto)
 {
-    std::string limpio;
-    return analizar(texto, limpio);
+    bool ok = false;
+    aNumero(texto, &ok);
+    return ok;
 }
 
 double aNumero(const QString& texto, bool* ok)
 {
     std::string limpio;
     double v = 0;
-    const bool valido = analizar(texto, limpio)
-        && std::from_chars(limpio.data(), limpio.data() + limpio.size(), v).ec == std::errc();
+    const bool valido = analizar(texto, limpio) && leer(limpio, v);
     if (ok)
         *ok = valido;
     return valido ? v : 0.0;

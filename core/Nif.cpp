@@ -13,19 +13,23 @@ int cifra(const QString& texto, int posicion)
     return c >= QLatin1Char('0') && c <= QLatin1Char('9') ? c.unicode() - '0' : 0;
 }
 
-bool comprobarCIF(const QString& cif)
+// Cada paso que falla pone el resultado a falso y avisa, y se sigue con el siguiente: el usuario
+// ve de una vez todo lo que está mal, cuadro a cuadro, en el orden de la regla.
+void comprobarCIF(const QString& cif, bool& resultado)
 {
     // Sin el separador entre la letra y el número.
     const QString valor = Formato::esNumerico(cif.mid(1, 1)) ? cif : cif.left(1) + cif.mid(2);
 
     if (valor.size() < 9) {
+        resultado = false;
         Mensajes::aviso(QStringLiteral("\n  - La longitud del CIF no es válida.\n")
                         + QStringLiteral("      * Ha de tener 9 caracteres (sin el separador entre la letra y el número)\n")
                         + QStringLiteral("      * O bien 10 caracteres (si se incluye el guión separador entre la letra y el número)"));
-        return false;
     }
 
-    if (!QStringLiteral("ABCDEFGHKLMNPQS").contains(valor.at(0), Qt::CaseSensitive)) {
+    // Sin primer carácter no hay letra que valga.
+    if (valor.isEmpty() || !QStringLiteral("ABCDEFGHKLMNPQS").contains(valor.at(0), Qt::CaseSensitive)) {
+        resultado = false;
         Mensajes::aviso(QStringLiteral("\n  - La primera letra no corresponde a un CIF válido o no es una letra.\n\n")
                         + QStringLiteral("  - Los caracteres válidos son:\n")
                         + QStringLiteral("      * A - Sociedad Anónima\n")
@@ -43,7 +47,6 @@ bool comprobarCIF(const QString& cif)
                         + QStringLiteral("      * P - Corporación local\n")
                         + QStringLiteral("      * Q - Organismo autónomo\n")
                         + QStringLiteral("      * S - Órgano de la administración"));
-        return false;
     }
 
     // Suma de control: en las posiciones pares la suma de cifras del doble, en las impares la cifra.
@@ -58,12 +61,11 @@ bool comprobarCIF(const QString& cif)
     const QString letra = r == 0 ? QStringLiteral("J") : QString(QChar(74 - r));
     const QString ultimo = valor.right(1);
     if (ultimo != digito && ultimo != letra) {
+        resultado = false;
         Mensajes::aviso(QStringLiteral("\n  - El dígito de control (último carácter del CIF) no es válido.\n")
                         + QStringLiteral("      * Aparece '") + ultimo + QStringLiteral("' y debería ser '") + digito
                         + QStringLiteral("' ó '") + letra + QStringLiteral("'"));
-        return false;
     }
-    return true;
 }
 
 }  // namespace
@@ -83,8 +85,9 @@ QString calcularLetraNIF(long numero)
 
 bool validarCIF(const QString& cif)
 {
-    // Ante un fallo atrapado se devuelve el resultado que llevaba (cierto al empezar).
+    // Ante un fallo atrapado se devuelve el resultado que llevaba: falso si algún paso ya había
+    // fallado, cierto si no.
     bool resultado = true;
-    guardia(QStringLiteral("modFunciones"), QStringLiteral("validarCIF"), [&] { resultado = comprobarCIF(cif); });
+    guardia(QStringLiteral("modFunciones"), QStringLiteral("validarCIF"), [&] { comprobarCIF(cif, resultado); });
     return resultado;
 }

@@ -95,91 +95,119 @@ clsNumToText::clsNumToText() { InicializarArrays(); }
 
 void clsNumToText::InicializarArrays()
 {
-    static const char* const unidades[] = {"", "", "dos", "tres", "cuatro", "cinco", "seis", "siete", "ocho", "nueve"};
-    static const char* const decenas[] = {"", "diez", "veinte", "treinta", "cuarenta", "cincuenta",
-                                          "sesenta", "setenta", "ochenta", "noventa"};
-    static const char* const centenas[] = {"", "ciento", "doscient", "trescient", "cuatrocient", "quinient",
-                                           "seiscient", "setecient", "ochocient", "novecient", "cien"};
-    static const char* const compuestas[] = {"", "dieci", "veinti", "treinta y ", "cuarenta y ", "cincuenta y ",
-                                             "sesenta y ", "setenta y ", "ochenta y ", "noventa y "};
-    static const char* const especiales[] = {"", "1", "2", "3", "4", "5", "6", "7", "8", "9", "10",
-                                             "once", "doce", "trece", "catorce", "quince"};
-    for (int i = 0; i < 10; ++i) {
-        arrUnidades[i] = QLatin1String(unidades[i]);
-        arrDecenas[i] = QLatin1String(decenas[i]);
-        arrDecenasCompuestas[i] = QLatin1String(compuestas[i]);
-    }
-    arrUnidades[1] = QStringLiteral("un") + genero;
-    for (int i = 0; i < 11; ++i)
-        arrCentenas[i] = QLatin1String(centenas[i]);
-    for (int i = 2; i <= 9; ++i)
-        arrCentenas[i] += plural;
-    for (int i = 0; i < 16; ++i)
-        arrEspeciales[i] = QLatin1String(especiales[i]);
+    guardia(FORMULARIO, QStringLiteral("InicializarArrays"), [&] {
+        static const char* const unidades[] = {"", "", "dos", "tres", "cuatro", "cinco", "seis", "siete", "ocho", "nueve"};
+        static const char* const decenas[] = {"", "diez", "veinte", "treinta", "cuarenta", "cincuenta",
+                                              "sesenta", "setenta", "ochenta", "noventa"};
+        static const char* const centenas[] = {"", "ciento", "doscient", "trescient", "cuatrocient", "quinient",
+                                               "seiscient", "setecient", "ochocient", "novecient", "cien"};
+        static const char* const compuestas[] = {"", "dieci", "veinti", "treinta y ", "cuarenta y ", "cincuenta y ",
+                                                 "sesenta y ", "setenta y ", "ochenta y ", "noventa y "};
+        static const char* const especiales[] = {"", "1", "2", "3", "4", "5", "6", "7", "8", "9", "10",
+                                                 "once", "doce", "trece", "catorce", "quince"};
+        for (int i = 0; i < 10; ++i) {
+            arrUnidades[i] = QLatin1String(unidades[i]);
+            arrDecenas[i] = QLatin1String(decenas[i]);
+            arrDecenasCompuestas[i] = QLatin1String(compuestas[i]);
+        }
+        arrUnidades[1] = QStringLiteral("un") + genero;
+        for (int i = 0; i < 11; ++i)
+            arrCentenas[i] = QLatin1String(centenas[i]);
+        for (int i = 2; i <= 9; ++i)
+            arrCentenas[i] += plural;
+        for (int i = 0; i < 16; ++i)
+            arrEspeciales[i] = QLatin1String(especiales[i]);
+    });
 }
 
 QString clsNumToText::ConvDecimal(QString numero, QString* separadorDecimal, QString* separadorMiles)
 {
-    const QString decimal = separadorDecimalSistema();
-    const QString miles = decimal == QLatin1String(".") ? QStringLiteral(",") : QStringLiteral(".");
-    if (separadorDecimal)
-        *separadorDecimal = decimal;
-    if (separadorMiles)
-        *separadorMiles = miles;
+    // Ante un fallo atrapado devuelve el texto vacío: el resultado sólo se da al final.
+    QString resultado;
+    guardia(FORMULARIO, QStringLiteral("ConvDecimal"), [&] {
+        const QString decimal = separadorDecimalSistema();
+        const QString miles = decimal == QLatin1String(".") ? QStringLiteral(",") : QStringLiteral(".");
+        if (separadorDecimal)
+            *separadorDecimal = decimal;
+        if (separadorMiles)
+            *separadorMiles = miles;
 
-    numero = numero.trimmed();
-    if (numero.startsWith(miles))
-        numero.replace(0, 1, decimal);
+        numero = numero.trimmed();
+        if (numero.startsWith(miles))
+            numero.replace(0, 1, decimal);
 
-    const qsizetype cuantos = numero.count(miles);
-    if (cuantos == 1) {
-        numero.replace(miles, numero.contains(decimal) ? QStringLiteral(" ") : decimal);
-    } else if (cuantos > 1) {
-        // Todos pasan a espacio menos el último, que queda como separador decimal.
-        const qsizetype ultimo = numero.lastIndexOf(miles);
-        for (qsizetype i = 0; i < numero.size(); ++i)
-            if (numero.mid(i, miles.size()) == miles)
-                numero.replace(i, miles.size(), i == ultimo ? decimal : QStringLiteral(" "));
-    }
-    numero.remove(QLatin1Char(' '));
-    return numero;
+        const qsizetype cuantos = numero.count(miles);
+        if (cuantos == 1) {
+            numero.replace(miles, numero.contains(decimal) ? QStringLiteral(" ") : decimal);
+        } else if (cuantos > 1) {
+            // Todos pasan a espacio menos el último, que queda como separador decimal.
+            const qsizetype ultimo = numero.lastIndexOf(miles);
+            for (qsizetype i = 0; i < numero.size(); ++i)
+                if (numero.mid(i, miles.size()) == miles)
+                    numero.replace(i, miles.size(), i == ultimo ? decimal : QStringLiteral(" "));
+        }
+        numero.remove(QLatin1Char(' '));
+        resultado = numero;
+    });
+    return resultado;
 }
 
 QString clsNumToText::Pluralizar(QString cantidad, QString unidad, bool todasLasPalabras)
 {
-    if (unidad.trimmed().isEmpty())
-        return unidad;
-    if (cantidad.isEmpty())
-        cantidad = QStringLiteral("0");
-    if (valorNumerico(cantidad) == 1)
-        return unidad;
-    unidad = unidad.trimmed();
+    // Una cantidad que no es número se anota y devuelve el texto vacío: quien llama sigue sin la
+    // unidad (la llamada de longitud fija sin céntimos le pasa el relleno de espacios).
+    QString resultado;
+    guardia(FORMULARIO, QStringLiteral("Pluralizar"), [&] {
+        if (unidad.trimmed().isEmpty()) {
+            resultado = unidad;
+            return;
+        }
+        if (cantidad.isEmpty())
+            cantidad = QStringLiteral("0");
+        if (valorNumerico(cantidad) == 1) {
+            resultado = unidad;
+            return;
+        }
+        unidad = unidad.trimmed();
 
-    auto sufijo = [](QChar ultima) {
-        return QStringLiteral("aeiou").contains(ultima, Qt::CaseInsensitive) ? QStringLiteral("s") : QStringLiteral("es");
-    };
-    if (!todasLasPalabras)
-        return QLatin1Char(' ') + unidad + sufijo(unidad.back()) + QLatin1Char(' ');
+        auto sufijo = [](QChar ultima) {
+            return QStringLiteral("aeiou").contains(ultima, Qt::CaseInsensitive) ? QStringLiteral("s") : QStringLiteral("es");
+        };
+        if (!todasLasPalabras) {
+            resultado = QLatin1Char(' ') + unidad + sufijo(unidad.back()) + QLatin1Char(' ');
+            return;
+        }
 
-    // Cada palabra en plural: el sufijo va delante de cada espacio.
-    const QString t = unidad + QLatin1Char(' ');
-    QString r;
-    for (qsizetype i = 0; i < t.size(); ++i) {
-        if (t[i] == QLatin1Char(' ') && i > 0)
-            r += sufijo(t[i - 1]);
-        r += t[i];
-    }
-    return QLatin1Char(' ') + r.trimmed() + QLatin1Char(' ');
+        // Cada palabra en plural: el sufijo va delante de cada espacio.
+        const QString t = unidad + QLatin1Char(' ');
+        QString r;
+        for (qsizetype i = 0; i < t.size(); ++i) {
+            if (t[i] == QLatin1Char(' ') && i > 0)
+                r += sufijo(t[i - 1]);
+            r += t[i];
+        }
+        resultado = QLatin1Char(' ') + r.trimmed() + QLatin1Char(' ');
+    });
+    return resultado;
 }
 
 QString clsNumToText::UnNumero(QString numero, const QString& generoRecibido)
 {
     const QString generoGuardado = genero;
     const int longGuardada = longGenero;
-    genero = generoRecibido;
-    longGenero = int(genero.size());
-    if (arrUnidades[1].compare(QStringLiteral("un") + genero, Qt::CaseInsensitive) != 0)
-        InicializarArrays();
+    // Sólo la preparación tiene trampa propia; lo que falla después (un texto que no es número)
+    // sube a Numero2Letra, que lo anota y devuelve el texto vacío.
+    const bool preparado = guardia(FORMULARIO, QStringLiteral("UnNumero"), [&] {
+        genero = generoRecibido;
+        longGenero = int(genero.size());
+        if (arrUnidades[1].compare(QStringLiteral("un") + genero, Qt::CaseInsensitive) != 0)
+            InicializarArrays();
+    });
+    if (!preparado) {
+        genero = generoGuardado;
+        longGenero = longGuardada;
+        return {};
+    }
 
     if (numero.isEmpty())
         numero = QStringLiteral("0");
@@ -321,7 +349,8 @@ QString clsNumToText::Numero2Letra(const QString& numeroRecibido, int longitudFi
             QString fraccion = (numero.mid(pos + 1) + QString(decimales, QLatin1Char('0'))).left(decimales);
             if (valorNumerico(fraccion) < 1) {
                 // La cantidad que se pasa es el propio resultado, no los enteros: con longitud libre
-                // vale 0 y la unidad sale siempre en plural; con longitud fija no es un número.
+                // vale 0 y la unidad sale siempre en plural; con longitud fija son espacios, Pluralizar
+                // anota su fallo y devuelve "", y el importe sale sin unidad.
                 if (hayUnidad)
                     unidad = Pluralizar(texto, unidad, false);
                 resultado = colocar(recortarDerecha(UnNumero(enteros, genero) + unidad), longitudFija);

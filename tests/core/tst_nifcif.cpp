@@ -1,10 +1,15 @@
+#include "core/Error.h"
 #include "core/Mensajes.h"
 #include "core/Nif.h"
 #include "core/Pantallas.h"
+#include "core/Rutas.h"
 #include "core/frmValidarNIFCIF.h"
 
+#include <QDir>
+#include <QFile>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QTemporaryDir>
 #include <QTest>
 
 using Mensajes::Cuadro;
@@ -39,6 +44,8 @@ class tst_NifCif : public QObject {
 
     QList<Cuadro> cuadros;
     Respuesta respuesta = Respuesta::Si;
+    QTemporaryDir programa;
+    int fallarEnCuadro = 0;  // el cuadro número n (desde 1) lanza un fallo; 0 ninguno
 
     QStringList textos() const
     {
@@ -52,36 +59,82 @@ private slots:
     void initTestCase()
     {
         QLocale::setDefault(QLocale(QLocale::Spanish, QLocale::Spain));
+        QVERIFY(QDir(programa.path()).mkpath(QStringLiteral("Logs")));
+        Rutas::establecerDirectorioPrograma(programa.path());
         Mensajes::instalarContestador([this](const Cuadro& c) {
             cuadros << c;
+            if (cuadros.size() == fallarEnCuadro)
+                lanzarError(5, QStringLiteral("Llamada a procedimiento o argumento no válidos"));
             return c.botones == Mensajes::Botones::Aceptar ? Respuesta::Aceptar : respuesta;
         });
     }
-    void init() { cuadros.clear(); }
+    void init()
+    {
+        cuadros.clear();
+        fallarEnCuadro = 0;
+        QFile::remove(Rutas::ficheroLog());
+    }
     void cleanup() { qDeleteAll(Pantallas::cargadas()); }
 
     void letraNIF() { QCOMPARE(calcularLetraNIF(12345678), QStringLiteral("Z")); }
 
+    // Cada paso que falla avisa con su cuadro, en orden, y los demás pasos se comprueban igual.
     void validarCIF_data()
     {
         QTest::addColumn<QString>("cif");
         QTest::addColumn<bool>("valido");
-        QTest::addColumn<QString>("aviso");
-        QTest::newRow("con cifra") << "A58818501" << true << QString();
-        QTest::newRow("con guion") << "A-58818501" << true << QString();
+        QTest::addColumn<QStringList>("avisos");
+        QTest::newRow("con cifra") << "A58818501" << true << QStringList();
+        QTest::newRow("con guion") << "A-58818501" << true << QStringList();
         // Vale también la letra de control.
-        QTest::newRow("resto cero J") << "A0000000J" << true << QString();
-        QTest::newRow("corto") << "A5881850" << false << AVISO_LONGITUD;
-        QTest::newRow("minúscula") << "a58818501" << false << avisoLetra();
-        QTest::newRow("control mal") << "A58818502" << false << avisoControl("2", "1", "A");
+        QTest::newRow("resto cero J") << "A0000000J" << true << QStringList();
+        QTest::newRow("sólo corto") << "A588185A" << false << QStringList{AVISO_LONGITUD};
+        QTest::newRow("minúscula") << "a58818501" << false << QStringList{avisoLetra()};
+        QTest::newRow("control mal") << "A58818502" << false << QStringList{avisoControl("2", "1", "A")};
+        QTest::newRow("corto y control") << "A5881850" << false
+                                         << QStringList{AVISO_LONGITUD, avisoControl("0", "1", "A")};
+        QTest::newRow("letra y control") << "a-58818502" << false
+                                         << QStringList{avisoLetra(), avisoControl("2", "1", "A")};
+        QTest::newRow("los tres") << "X1234" << false
+                                  << QStringList{AVISO_LONGITUD, avisoLetra(), avisoControl("4", "6", "F")};
+        QTest::newRow("vacío") << "" << false << QStringList{AVISO_LONGITUD, avisoLetra(), avisoControl("", "0", "J")};
     }
     void validarCIF()
     {
         QFETCH(QString, cif);
         QFETCH(bool, valido);
-        QFETCH(QString, aviso);
+        QFETCH(QStringList, avisos);
         QCOMPARE(::validarCIF(cif), valido);
-        QCOMPARE(textos(), aviso.isEmpty() ? QStringList() : QStringList{QStringLiteral("Aviso: ") + aviso});
+        for (QString& a : avisos)
+            a.prepend(QStringLiteral("Aviso: "));
+        QCOMPARE(textos(), avisos);
+        QVERIFY(!QFile::exists(Rutas::ficheroLog()));
+    }
+
+    // Un fallo atrapado a mitad deja el resultado que se llevaba, se anota y no sigue avisando.
+    void validarCIF_fallo_data()
+    {
+        QTest::addColumn<QString>("cif");
+        QTest::addColumn<int>("fallarEn");
+        QTest::addColumn<bool>("resultado");
+        QTest::newRow("en el primer aviso") << "X1234" << 1 << false;
+        QTest::newRow("en el segundo aviso") << "X1234" << 2 << false;
+    }
+    void validarCIF_fallo()
+    {
+        QFETCH(QString, cif);
+        QFETCH(int, fallarEn);
+        QFETCH(bool, resultado);
+        fallarEnCuadro = fallarEn;
+        QCOMPARE(::validarCIF(cif), resultado);
+        // Los avisos hasta el que falló y la entrada del registro enseñada.
+        QCOMPARE(cuadros.size(), fallarEn + 1);
+        QVERIFY(cuadros.last().texto.contains(QStringLiteral("Procedimiento: validarCIF\r\n")));
+        QFile log(Rutas::ficheroLog());
+        QVERIFY(log.open(QIODevice::ReadOnly));
+        const QString entrada = QString::fromUtf8(log.readAll());
+        QVERIFY(entrada.contains(QStringLiteral("Formulario: modFunciones\r\n")));
+        QVERIFY(entrada.contains(QStringLiteral("Procedimiento: validarCIF\r\n")));
     }
 
     void pantalla_data()

@@ -151,29 +151,48 @@ private slots:
         QVERIFY(!QFile::exists(Rutas::ficheroLog()));
     }
 
-    // Lo que falla se anota en el registro, se enseña, y el resultado queda vacío.
+    // Cada rutina anota en el registro su propio fallo, lo enseña y devuelve lo que llevaba; quien
+    // la llamó sigue. Con longitud fija y sin céntimos sólo falla Pluralizar: salen las palabras.
     void fallos_data()
     {
         QTest::addColumn<QString>("texto");
         QTest::addColumn<int>("longitud");
-        QTest::newRow("longitud fija sin céntimos") << "5,00" << 40;
-        QTest::newRow("no es número") << "abc" << 0;
-        QTest::newRow("letras en los enteros") << "12a,50" << 0;
+        QTest::addColumn<QString>("letra");
+        QTest::addColumn<QStringList>("procedimientos");
+        QTest::newRow("longitud fija sin céntimos") << "5,00" << 40 << QStringLiteral("cinco").leftJustified(40)
+                                                    << QStringList{"Pluralizar"};
+        QTest::newRow("longitud fija, un euro") << "1,00" << 12 << "un          " << QStringList{"Pluralizar"};
+        QTest::newRow("no es número") << "abc" << 0 << "" << QStringList{"Pluralizar", "Numero2Letra"};
+        QTest::newRow("letras en los enteros") << "12a,50" << 0 << "" << QStringList{"Pluralizar", "Numero2Letra"};
+        QTest::newRow("letras en los céntimos") << "12,5a" << 0 << "" << QStringList{"Numero2Letra"};
+        // Demasiadas cifras para leerlas: tampoco es número.
+        QTest::newRow("400 cifras") << QString(400, QLatin1Char('9')) + QStringLiteral(",00") << 0 << ""
+                                    << QStringList{"Numero2Letra"};
     }
     void fallos()
     {
         QFETCH(QString, texto);
         QFETCH(int, longitud);
+        QFETCH(QString, letra);
+        QFETCH(QStringList, procedimientos);
         clsNumToText c;
-        QCOMPARE(c.Numero2Letra(texto, longitud, 2, QStringLiteral("euro"), QStringLiteral("céntimo"), -1, -1), QString());
-        QCOMPARE(cuadros.size(), 1);
-        QCOMPARE(cuadros[0].titulo, QStringLiteral("Aviso"));
+        QCOMPARE(c.Numero2Letra(texto, longitud, 2, QStringLiteral("euro"), QStringLiteral("céntimo"), -1, -1), letra);
+
         QFile log(Rutas::ficheroLog());
         QVERIFY(log.open(QIODevice::ReadOnly));
-        const QString entrada = QString::fromUtf8(log.readAll());
-        QVERIFY(entrada.contains(QStringLiteral("Formulario: clsNumToText\r\n")));
-        QVERIFY(entrada.contains(QStringLiteral("Procedimiento: Numero2Letra\r\n")));
-        QVERIFY(entrada.contains(QStringLiteral("Número: 13\r\n")));
+        const QString registro = QString::fromUtf8(log.readAll());
+        QStringList anotados, mostrados;
+        for (const QString& linea : registro.split(QStringLiteral("\r\n")))
+            if (linea.startsWith(QStringLiteral("Procedimiento: ")))
+                anotados << linea.mid(15);
+        for (const Cuadro& cuadro : std::as_const(cuadros)) {
+            QCOMPARE(cuadro.titulo, QStringLiteral("Aviso"));
+            mostrados << cuadro.texto.section(QStringLiteral("Procedimiento: "), 1).section(QStringLiteral("\r\n"), 0, 0);
+        }
+        QCOMPARE(anotados, procedimientos);
+        QCOMPARE(mostrados, procedimientos);
+        QCOMPARE(registro.count(QStringLiteral("Formulario: clsNumToText\r\n")), procedimientos.size());
+        QCOMPARE(registro.count(QStringLiteral("Número: 13\r\n")), procedimientos.size());
         // El objeto sigue sirviendo.
         QCOMPARE(importe(c, QStringLiteral("2,00")), QStringLiteral("dos euros"));
     }
