@@ -52,7 +52,7 @@ void frmInicio::Form_Load()
         return;
     }
     // 3-4: el dibujo del arranque, y la pantalla a la vista mientras se comprueba todo.
-    ui->img_Fondo->setPixmap(Iconos::logotipo(QSize(520, 280), true));
+    ui->img_Fondo->setPixmap(Iconos::logotipo(QSize(520, 280), Iconos::Fondo::Pintado));
     m_abrirConfiguracion = false;
     if (QScreen* pantalla = QGuiApplication::primaryScreen())
         move(pantalla->availableGeometry().center() - rect().center());

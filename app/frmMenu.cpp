@@ -75,7 +75,7 @@ void frmMenu::MDIForm_Load()
     m_fondo->setBackStyle(0);
     m_fondo->setGraphicPosition(1);
     m_fondo->setAutoRefresh(true);
-    m_fondo->setGraphic(Iconos::logotipo(QSize(420, 220), false));
+    m_fondo->setGraphic(Iconos::logotipo(QSize(420, 220), Iconos::Fondo::Transparente));
 }
 
 void frmMenu::crearBarra()
@@ -260,7 +260,7 @@ void frmMenu::closeEvent(QCloseEvent* e)
 {
     bool cancelar = false;
     guardia(FORMULARIO, QStringLiteral("MDIForm_Unload"), [&] {
-        if (Mensajes::pregunta(QStringLiteral("¿Desea salir del programa?"), true) != Mensajes::Respuesta::Si) {
+        if (Mensajes::pregunta(QStringLiteral("¿Desea salir del programa?"), Mensajes::Respuesta::No) != Mensajes::Respuesta::Si) {
             cancelar = true;
             return;
         }

@@ -151,8 +151,9 @@ QPixmap aGris(const QPixmap& pm)
 
 }  // namespace
 
-QPixmap pixmap(const QString& nombre, int lado, bool gris)
+QPixmap pixmap(const QString& nombre, int lado, Tinta tinta)
 {
+    const bool gris = tinta == Tinta::Gris;
     QPixmap pm(lado, lado);
     pm.fill(Qt::transparent);
     {
@@ -167,21 +168,22 @@ QIcon icono(const QString& nombre, int lado)
 {
     QIcon i;
     i.addPixmap(pixmap(nombre, lado));
-    i.addPixmap(pixmap(nombre, lado, true), QIcon::Disabled);
+    i.addPixmap(pixmap(nombre, lado, Tinta::Gris), QIcon::Disabled);
     return i;
 }
 
 QIcon iconoGrisColor(const QString& nombre, int lado)
 {
     QIcon i;
-    i.addPixmap(pixmap(nombre, lado, true), QIcon::Normal);
+    i.addPixmap(pixmap(nombre, lado, Tinta::Gris), QIcon::Normal);
     i.addPixmap(pixmap(nombre, lado), QIcon::Active);
-    i.addPixmap(pixmap(nombre, lado, true), QIcon::Disabled);
+    i.addPixmap(pixmap(nombre, lado, Tinta::Gris), QIcon::Disabled);
     return i;
 }
 
-QPixmap logotipo(const QSize& t, bool conFondo)
+QPixmap logotipo(const QSize& t, Fondo fondo)
 {
+    const bool conFondo = fondo == Fondo::Pintado;
     QPixmap pm(t);
     pm.fill(Qt::transparent);
     QPainter p(&pm);

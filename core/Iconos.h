@@ -11,11 +11,13 @@ namespace Iconos {
 // Nombres: "proyecto", "arquitecto", "aparejador", "contratista", "cliente", "ayuda", "salir",
 // "buscar", "listado", "excel", "pdf", "impresoBlanco", "nuevo", "editar", "eliminar",
 // "validar", "seleccionar", "borrar", "porcentajes", "imprimir", "informacion", "fecha".
-QPixmap pixmap(const QString& nombre, int lado = 32, bool gris = false);
+enum class Tinta { Color, Gris };
+QPixmap pixmap(const QString& nombre, int lado = 32, Tinta tinta = Tinta::Color);
 QIcon icono(const QString& nombre, int lado = 32);             // en color
 QIcon iconoGrisColor(const QString& nombre, int lado = 32);    // gris, en color al pasar por encima
 
-QPixmap logotipo(const QSize& tamano, bool conFondo);   // dibujo del arranque y del fondo
+enum class Fondo { Transparente, Pintado };
+QPixmap logotipo(const QSize& tamano, Fondo fondo);   // dibujo del arranque (con fondo) y del de la principal
 QIcon iconoPrograma();
 
 }  // namespace Iconos

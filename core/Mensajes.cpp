@@ -101,10 +101,9 @@ void informacion(const QString& texto)
     mostrar({QStringLiteral("Información"), texto, Icono::Informacion, Botones::Aceptar, Respuesta::Aceptar});
 }
 
-Respuesta pregunta(const QString& texto, bool noPorDefecto)
+Respuesta pregunta(const QString& texto, Respuesta porDefecto)
 {
-    return mostrar({QStringLiteral("Pregunta"), texto, Icono::Pregunta, Botones::SiNo,
-                    noPorDefecto ? Respuesta::No : Respuesta::Si});
+    return mostrar({QStringLiteral("Pregunta"), texto, Icono::Pregunta, Botones::SiNo, porDefecto});
 }
 
 Respuesta preguntaCancelar(const QString& texto)

@@ -31,7 +31,7 @@ void aviso(const QString& texto);
 // "Información", información, Aceptar: algo se ha hecho.
 void informacion(const QString& texto);
 // "Pregunta", interrogación, Sí y No; Sí por defecto salvo que se pida No.
-Respuesta pregunta(const QString& texto, bool noPorDefecto = false);
+Respuesta pregunta(const QString& texto, Respuesta porDefecto = Respuesta::Si);
 // "Pregunta", interrogación, Sí, No y Cancelar, Sí por defecto.
 Respuesta preguntaCancelar(const QString& texto);
 // "Aviso" con interrogación, Sí y No, No por defecto: los tres cuadros de los tipos de IVA e IRPF.

@@ -1,5 +1,6 @@
 #include "forms/BloquesImpreso.h"
 
+#include "core/Formato.h"
 #include "core/Mensajes.h"
 
 
@@ -55,10 +56,11 @@ QString numeroTexto(const QVariant& v)
     const double d = v.toDouble(&ok);
     if (!ok)
         return v.toString();
-    QString t = QString::number(d, 'f', 4);
-    while (t.contains(QLatin1Char('.')) && (t.endsWith(QLatin1Char('0')) || t.endsWith(QLatin1Char('.'))))
+    // Redondeado como todo número del programa, a cuatro decimales, sin los ceros que sobran.
+    QString t = Formato::formatear(d, QStringLiteral("###0.0000"));
+    while (t.contains(QLatin1Char(',')) && (t.endsWith(QLatin1Char('0')) || t.endsWith(QLatin1Char(','))))
         t.chop(1);
-    return t.replace(QLatin1Char('.'), QLatin1Char(','));
+    return t;
 }
 
 bool leerProyecto(Consulta& proyecto)

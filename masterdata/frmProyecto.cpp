@@ -231,8 +231,9 @@ bool frmProyecto::cargar()
 }
 
 QTreeWidgetItem* frmProyecto::agregarFilaArquitecto(qint64 codigo, const QString& nombre, const QString& numero,
-                                                    const QString& porcentaje, bool autor, bool marcada, bool sociedad)
+                                                    const QString& porcentaje, MarcasArquitecto marcas)
 {
+    const bool autor = marcas.autor, marcada = marcas.perteneceSociedad, sociedad = marcas.propiaSociedad;
     auto* fila = new QTreeWidgetItem(ui->lvw_Arquitectos,
                                      {nombre, numero, porcentaje, autor ? QStringLiteral("SI") : QStringLiteral("NO")});
     ponerClaveFila(fila, QStringLiteral("K%1").arg(codigo));
@@ -357,9 +358,9 @@ void frmProyecto::cargarDatosProyecto()
                     : Formato::formatear(l.valor(QStringLiteral("PorPar_Arq")).toDouble(), PATRON_PORCENTAJE);
                 agregarFilaArquitecto(a.valor(QStringLiteral("Codigo_Cli")).toLongLong(), nombreDe(a),
                                       l.texto(QStringLiteral("NumCol")), porcentaje,
-                                      l.valor(QStringLiteral("EsAutorProyecto")).toInt() != 0,
-                                      l.valor(QStringLiteral("PerteneceSociedad")).toInt() != 0,
-                                      l.valor(QStringLiteral("EsPropiaSociedad")).toInt() != 0);
+                                      {.autor = l.valor(QStringLiteral("EsAutorProyecto")).toInt() != 0,
+                                       .perteneceSociedad = l.valor(QStringLiteral("PerteneceSociedad")).toInt() != 0,
+                                       .propiaSociedad = l.valor(QStringLiteral("EsPropiaSociedad")).toInt() != 0});
             }
         }
         // Autores.
@@ -398,7 +399,8 @@ void frmProyecto::cargarDatosProyecto()
             Consulta a(SQL_ARQUITECTO, {cfg.valor(campo)});
             if (a.siguiente())
                 agregarFilaArquitecto(a.valor(QStringLiteral("Codigo_Cli")).toLongLong(), nombreDe(a),
-                                      a.texto(QStringLiteral("NumColegiado")), QString(), false, !sociedad, sociedad);
+                                      a.texto(QStringLiteral("NumColegiado")), QString(),
+                                      {.perteneceSociedad = !sociedad, .propiaSociedad = sociedad});
         };
         agregar(QStringLiteral("CodSoc"), true);
         for (int i = 1; i <= 4; ++i)
@@ -565,13 +567,13 @@ bool frmProyecto::recibirArquitecto(qint64 codigo, const QString& nombreCompleto
         Mensajes::aviso(QStringLiteral("El arquitecto seleccionado ya se encuentra incluido en la lista de arquitectos del proyecto"));
         return false;
     }
-    agregarFilaArquitecto(codigo, nombreCompleto, numero, QString(), false, false, false);
+    agregarFilaArquitecto(codigo, nombreCompleto, numero, QString(), {});
     return true;
 }
 
 void frmProyecto::recibirArquitectoNuevo(qint64 codigo, const QString& nombreCompleto, const QString& numero)
 {
-    agregarFilaArquitecto(codigo, nombreCompleto, numero, QString(), false, false, false);
+    agregarFilaArquitecto(codigo, nombreCompleto, numero, QString(), {});
 }
 
 void frmProyecto::recibirAutores(const QList<FilaMarcada>& marcadas)
@@ -790,7 +792,7 @@ bool frmProyecto::validarDatos()
             if (Mensajes::pregunta(QStringLiteral("Según los datos obtenidos de la Configuración, el arquitecto ") + f->text(0)
                                        + QStringLiteral(" no pertenece a la sociedad seleccionada.\n"
                                                         "¿Desea continuar de todas maneras continuar con la operación?"),
-                                   true)
+                                   Mensajes::Respuesta::No)
                 == Mensajes::Respuesta::No) {
                 enfocarLista();
                 return false;

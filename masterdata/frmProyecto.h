@@ -77,8 +77,15 @@ private:
     void escribirProyecto();
     void mostrarAyuda(int mostrar);
 
+    // Marcas de una fila de arquitecto: autor ("SI"), casilla de pertenecer a la sociedad y fila
+    // de la propia sociedad (en azul).
+    struct MarcasArquitecto {
+        bool autor = false;
+        bool perteneceSociedad = false;
+        bool propiaSociedad = false;
+    };
     QTreeWidgetItem* agregarFilaArquitecto(qint64 codigo, const QString& nombre, const QString& numero,
-                                           const QString& porcentaje, bool autor, bool marcada, bool sociedad);
+                                           const QString& porcentaje, MarcasArquitecto marcas);
     void enfocarLista();
 
     std::unique_ptr<Ui::frmProyecto> ui;

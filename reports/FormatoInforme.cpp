@@ -64,8 +64,9 @@ QString valor(const QVariant& v, const QString& patron)
     if (v.isNull() || !v.isValid())
         return {};
     if (patron.isEmpty()) {
+        // Un número sin patrón sale con sus quince cifras significativas, como lo escribía el sistema.
         if (v.typeId() == QMetaType::Double)
-            return QString::number(v.toDouble(), 'f', QLocale::FloatingPointShortest).replace(QLatin1Char('.'), QLatin1Char(','));
+            return QString::number(v.toDouble(), 'g', 15).replace(QLatin1Char('.'), QLatin1Char(','));
         return v.toString();
     }
     if (esPatronFecha(patron)) {

@@ -30,20 +30,21 @@ namespace {
 constexpr int TECLA_SUPRIMIR = 46;
 
 // Reglas de teclas del valor, por clave de tabla e índice del campo, tal como quedaron.
+enum class Teclas { Numeros, LetrasNumeros };
 struct ReglaValor {
     const char* tabla;
     int indice;
-    bool letras;   // admitirLetrasNumeros; si no, admitirNumeros
-    bool menos;
+    Teclas teclas;
+    Admite admite;
 };
 const ReglaValor REGLAS_VALOR[] = {
-    {"PROYECTOS_A", 0, false, true},
-    {"ARQUITECTOS", 0, false, false},
-    {"APAREJADORES", 0, false, false},
-    {"ARQUITECTOS", 3, true, true},
-    {"APAREJADORES", 3, true, true},
-    {"CLIENTES", 2, true, true},
-    {"CONTRATISTAS", 2, true, true},
+    {.tabla = "PROYECTOS_A", .indice = 0, .teclas = Teclas::Numeros, .admite = {.menos = true}},
+    {.tabla = "ARQUITECTOS", .indice = 0, .teclas = Teclas::Numeros, .admite = {}},
+    {.tabla = "APAREJADORES", .indice = 0, .teclas = Teclas::Numeros, .admite = {}},
+    {.tabla = "ARQUITECTOS", .indice = 3, .teclas = Teclas::LetrasNumeros, .admite = {.menos = true}},
+    {.tabla = "APAREJADORES", .indice = 3, .teclas = Teclas::LetrasNumeros, .admite = {.menos = true}},
+    {.tabla = "CLIENTES", .indice = 2, .teclas = Teclas::LetrasNumeros, .admite = {.menos = true}},
+    {.tabla = "CONTRATISTAS", .indice = 2, .teclas = Teclas::LetrasNumeros, .admite = {.menos = true}},
 };
 
 // Sentencia preparada del motor, liberada al salir.
@@ -186,7 +187,7 @@ int PantallaBusqueda::reglaTeclas(int tecla) const
     for (const ReglaValor& r : REGLAS_VALOR) {
         if (indice != r.indice || Tabla != QLatin1String(r.tabla))
             continue;
-        return r.letras ? admitirLetrasNumeros(tecla, {.menos = r.menos}) : admitirNumeros(tecla, {.menos = r.menos});
+        return r.teclas == Teclas::LetrasNumeros ? admitirLetrasNumeros(tecla, r.admite) : admitirNumeros(tecla, r.admite);
     }
     return tecla;
 }

@@ -8,35 +8,33 @@ namespace TablasBusqueda {
 
 namespace {
 
-using C = Columna;
-using F = CampoBusqueda;
 constexpr Modo LIKE_ = Modo::Parecido;
 constexpr Modo IGUAL = Modo::Igual;
 constexpr Modo FECHA = Modo::Fecha;
 
 const QList<Columna> COLUMNAS_ARQUITECTOS = {
-    {"Colegiado", 900, "NumColegiado"}, {"Nombre", 2000, "Nombre_Cli"}, {"Apellidos", 3200, "Ape_Cli"},
-    {"NIF/CIF", 1200, "NIF"}, {"Domicilio", 4350, "Dirección_Cli"}, {"Municipio", 1800, "Municipio_Cli"},
-    {"Provincia", 1950, "Provincia_Cli"}};
+    {.titulo = "Colegiado", .twips = 900, .campo = "NumColegiado"}, {.titulo = "Nombre", .twips = 2000, .campo = "Nombre_Cli"}, {.titulo = "Apellidos", .twips = 3200, .campo = "Ape_Cli"},
+    {.titulo = "NIF/CIF", .twips = 1200, .campo = "NIF"}, {.titulo = "Domicilio", .twips = 4350, .campo = "Dirección_Cli"}, {.titulo = "Municipio", .twips = 1800, .campo = "Municipio_Cli"},
+    {.titulo = "Provincia", .twips = 1950, .campo = "Provincia_Cli"}};
 
 const QList<Columna> COLUMNAS_PERSONAS = {
-    {"Nombre", 2450, "Nombre_Cli"}, {"Apellidos", 3650, "Ape_Cli"}, {"NIF/CIF", 1200, "NIF"},
-    {"Domicilio", 4350, "Dirección_Cli"}, {"Municipio", 1800, "Municipio_Cli"}, {"Provincia", 1950, "Provincia_Cli"}};
+    {.titulo = "Nombre", .twips = 2450, .campo = "Nombre_Cli"}, {.titulo = "Apellidos", .twips = 3650, .campo = "Ape_Cli"}, {.titulo = "NIF/CIF", .twips = 1200, .campo = "NIF"},
+    {.titulo = "Domicilio", .twips = 4350, .campo = "Dirección_Cli"}, {.titulo = "Municipio", .twips = 1800, .campo = "Municipio_Cli"}, {.titulo = "Provincia", .twips = 1950, .campo = "Provincia_Cli"}};
 
 const QList<CampoBusqueda> CAMPOS_ARQUITECTOS = {
-    {"Número de colegiado", "NumColegiado", IGUAL, "NumColegiado"},
-    {"Nombre", "Nombre_Cli", LIKE_, "Nombre_Cli, Ape_Cli, NumColegiado"},
-    {"Apellidos", "Ape_Cli", LIKE_, "Ape_Cli, Nombre_Cli, NumColegiado"},
-    {"NIF", "NIF", LIKE_, "NIF, NumColegiado"},
-    {"Municipio", "Municipio_Cli", LIKE_, "Municipio_Cli, NumColegiado"},
-    {"Provincia", "Provincia_Cli", LIKE_, "Provincia_Cli, NumColegiado"}};
+    {.titulo = "Número de colegiado", .columna = "NumColegiado", .modo = IGUAL, .orden = "NumColegiado"},
+    {.titulo = "Nombre", .columna = "Nombre_Cli", .modo = LIKE_, .orden = "Nombre_Cli, Ape_Cli, NumColegiado"},
+    {.titulo = "Apellidos", .columna = "Ape_Cli", .modo = LIKE_, .orden = "Ape_Cli, Nombre_Cli, NumColegiado"},
+    {.titulo = "NIF", .columna = "NIF", .modo = LIKE_, .orden = "NIF, NumColegiado"},
+    {.titulo = "Municipio", .columna = "Municipio_Cli", .modo = LIKE_, .orden = "Municipio_Cli, NumColegiado"},
+    {.titulo = "Provincia", .columna = "Provincia_Cli", .modo = LIKE_, .orden = "Provincia_Cli, NumColegiado"}};
 
 const QList<CampoBusqueda> CAMPOS_PERSONAS = {
-    {"Nombre", "Nombre_Cli", LIKE_, "Nombre_Cli, Ape_Cli, Codigo_Cli"},
-    {"Apellidos", "Ape_Cli", LIKE_, "Ape_Cli, Nombre_Cli, Codigo_Cli"},
-    {"NIF", "NIF", LIKE_, "NIF, Codigo_Cli"},
-    {"Municipio", "Municipio_Cli", LIKE_, "Municipio_Cli, Codigo_Cli"},
-    {"Provincia", "Provincia_Cli", LIKE_, "Provincia_Cli, Codigo_Cli"}};
+    {.titulo = "Nombre", .columna = "Nombre_Cli", .modo = LIKE_, .orden = "Nombre_Cli, Ape_Cli, Codigo_Cli"},
+    {.titulo = "Apellidos", .columna = "Ape_Cli", .modo = LIKE_, .orden = "Ape_Cli, Nombre_Cli, Codigo_Cli"},
+    {.titulo = "NIF", .columna = "NIF", .modo = LIKE_, .orden = "NIF, Codigo_Cli"},
+    {.titulo = "Municipio", .columna = "Municipio_Cli", .modo = LIKE_, .orden = "Municipio_Cli, Codigo_Cli"},
+    {.titulo = "Provincia", .columna = "Provincia_Cli", .modo = LIKE_, .orden = "Provincia_Cli, Codigo_Cli"}};
 
 Descripcion otros(const QString& tabla, Familia familia, const QString& categoria, const QString& extra)
 {
@@ -59,25 +57,37 @@ Descripcion otros(const QString& tabla, Familia familia, const QString& categori
     return d;
 }
 
-// Impresos del histórico: proyecto, lugar y fecha, con el tipo fijo cuando la tabla es compartida.
-Descripcion impreso(const QString& tabla, const QString& origen, const QString& condicion, const QVariantList& valores,
-                    const QString& campoFecha, const QList<Columna>& columnas, const QString& ordenFecha)
+// Lista de un histórico de impresos: se busca por proyecto o por la fecha del pie.
+struct ListaImpreso {
+    QString tabla{};
+    QString origen{};
+    QString condicion{};        // el tipo fijo cuando la tabla es compartida
+    QVariantList valores{};
+    QString campoFecha{};
+    QString ordenFecha{};       // vacío: la búsqueda por fecha va sin orden
+    QList<Columna> columnas{};
+};
+
+Descripcion impreso(const ListaImpreso& l)
 {
     Descripcion d;
-    d.tabla = tabla;
-    d.origen = origen;
-    d.condicion = condicion;
-    d.valores = valores;
+    d.tabla = l.tabla;
+    d.origen = l.origen;
+    d.condicion = l.condicion;
+    d.valores = l.valores;
     d.orden = QStringLiteral("PRYNOM");
-    d.campos = {{"Proyecto", "PRYNOM", LIKE_, "PRYNOM"}, {"Fecha", campoFecha, FECHA, ordenFecha}};
+    d.campos = {{.titulo = "Proyecto", .columna = "PRYNOM", .modo = LIKE_, .orden = "PRYNOM"},
+                {.titulo = "Fecha", .columna = l.campoFecha, .modo = FECHA, .orden = l.ordenFecha}};
     d.campoClave = QStringLiteral("Clave");
-    d.columnas = columnas;
+    d.columnas = l.columnas;
     return d;
 }
 
 QList<Columna> proyectoLugarFecha(const QString& lugar, const QString& fecha)
 {
-    return {{"Proyecto", 5000, "PRYNOM"}, {"Lugar", 2800, lugar}, {"Fecha", 1700, fecha, true}};
+    return {{.titulo = "Proyecto", .twips = 5000, .campo = "PRYNOM"},
+            {.titulo = "Lugar", .twips = 2800, .campo = lugar},
+            {.titulo = "Fecha", .twips = 1700, .campo = fecha, .fecha = true}};
 }
 
 Descripcion certificadoB4(const QString& tipo)
@@ -88,13 +98,13 @@ Descripcion certificadoB4(const QString& tipo)
     d.condicion = QStringLiteral("TipoCertificado = ?");
     d.valores = {tipo};
     d.orden = QStringLiteral("PERNOM, Ejercicio, PAGNOM, ImporteIntegro");
-    d.campos = {{"Perceptor", "PERNOM", LIKE_, "PERNOM, Ejercicio, ImporteIntegro"},
-                {"Pagador", "PAGNOM", LIKE_, "PAGNOM, Ejercicio, ImporteIntegro"},
-                {"Ejercicio", "Ejercicio", LIKE_, "Ejercicio, PAGNOM, ImporteIntegro"},
-                {"Nº justificante", "NumJustificante", LIKE_, "NumJustificante, Ejercicio, PAGNOM, ImporteIntegro"}};
+    d.campos = {{.titulo = "Perceptor", .columna = "PERNOM", .modo = LIKE_, .orden = "PERNOM, Ejercicio, ImporteIntegro"},
+                {.titulo = "Pagador", .columna = "PAGNOM", .modo = LIKE_, .orden = "PAGNOM, Ejercicio, ImporteIntegro"},
+                {.titulo = "Ejercicio", .columna = "Ejercicio", .modo = LIKE_, .orden = "Ejercicio, PAGNOM, ImporteIntegro"},
+                {.titulo = "Nº justificante", .columna = "NumJustificante", .modo = LIKE_, .orden = "NumJustificante, Ejercicio, PAGNOM, ImporteIntegro"}};
     d.campoClave = QStringLiteral("Clave");
-    d.columnas = {{"Perceptor", 3750, "PERNOM"}, {"Pagador", 3750, "PAGNOM"}, {"Ejercicio", 800, "Ejercicio"},
-                  {"Nº justificante", 1200, "NumJustificante"}};
+    d.columnas = {{.titulo = "Perceptor", .twips = 3750, .campo = "PERNOM"}, {.titulo = "Pagador", .twips = 3750, .campo = "PAGNOM"}, {.titulo = "Ejercicio", .twips = 800, .campo = "Ejercicio"},
+                  {.titulo = "Nº justificante", .twips = 1200, .campo = "NumJustificante"}};
     return d;
 }
 
@@ -109,17 +119,17 @@ QHash<QString, Descripcion> construir()
     p.familia = Familia::Proyectos;
     p.origen = QStringLiteral("Proyectos_A");
     p.orden = QStringLiteral("EXPNUM, TRABAJO, PRYCOD");
-    p.campos = {{"Número de expediente", "EXPNUM", LIKE_, "EXPNUM, PRYCOD"},
-                {"Trabajo", "TRABAJO", LIKE_, "TRABAJO, EXPNUM, PRYCOD"},
-                {"Municipio", "MUNICIPIO", LIKE_, "MUNICIPIO, EXPNUM, PRYCOD"},
-                {"Provincia", "PROVINCIA", LIKE_, "PROVINCIA, EXPNUM, PRYCOD"},
-                {"Ubicación del proyecto", "EMPLAZAMIENTO", LIKE_, "EMPLAZAMIENTO, EXPNUM, PRYCOD"},
-                {"Fecha visado", "EXPFV", FECHA, "EXPFV, EXPNUM, PRYCOD"},
-                {"Fecha fin de obra", "EXPFFO", FECHA, "EXPFFO, EXPNUM, PRYCOD"}};
+    p.campos = {{.titulo = "Número de expediente", .columna = "EXPNUM", .modo = LIKE_, .orden = "EXPNUM, PRYCOD"},
+                {.titulo = "Trabajo", .columna = "TRABAJO", .modo = LIKE_, .orden = "TRABAJO, EXPNUM, PRYCOD"},
+                {.titulo = "Municipio", .columna = "MUNICIPIO", .modo = LIKE_, .orden = "MUNICIPIO, EXPNUM, PRYCOD"},
+                {.titulo = "Provincia", .columna = "PROVINCIA", .modo = LIKE_, .orden = "PROVINCIA, EXPNUM, PRYCOD"},
+                {.titulo = "Ubicación del proyecto", .columna = "EMPLAZAMIENTO", .modo = LIKE_, .orden = "EMPLAZAMIENTO, EXPNUM, PRYCOD"},
+                {.titulo = "Fecha visado", .columna = "EXPFV", .modo = FECHA, .orden = "EXPFV, EXPNUM, PRYCOD"},
+                {.titulo = "Fecha fin de obra", .columna = "EXPFFO", .modo = FECHA, .orden = "EXPFFO, EXPNUM, PRYCOD"}};
     p.campoClave = QStringLiteral("PRYCOD");
-    p.columnas = {{"Nº Exp", 900, "EXPNUM"}, {"Trabajo", 5000, "TRABAJO"}, {"Emplazamiento", 3050, "EMPLAZAMIENTO"},
-                  {"Municipio", 1800, "MUNICIPIO"}, {"Provincia", 1950, "PROVINCIA"},
-                  {"F. Visado", 1500, "EXPFV", true}, {"F. Fin de obra", 1500, "EXPFFO", true}};
+    p.columnas = {{.titulo = "Nº Exp", .twips = 900, .campo = "EXPNUM"}, {.titulo = "Trabajo", .twips = 5000, .campo = "TRABAJO"}, {.titulo = "Emplazamiento", .twips = 3050, .campo = "EMPLAZAMIENTO"},
+                  {.titulo = "Municipio", .twips = 1800, .campo = "MUNICIPIO"}, {.titulo = "Provincia", .twips = 1950, .campo = "PROVINCIA"},
+                  {.titulo = "F. Visado", .twips = 1500, .campo = "EXPFV", .fecha = true}, {.titulo = "F. Fin de obra", .twips = 1500, .campo = "EXPFFO", .fecha = true}};
     poner("*", p);
 
     const QString arq = QStringLiteral("ARQUITECTO");
@@ -146,52 +156,62 @@ QHash<QString, Descripcion> construir()
     k.familia = Familia::Costes;
     k.origen = QStringLiteral("Costes");
     k.orden = QStringLiteral("CODIGO, TIPO, DESCRIPCION");
-    k.campos = {{"Código", "CODIGO", LIKE_, "CODIGO"}, {"Tipo", "TIPO", LIKE_, "TIPO, CODIGO"},
-                {"Descripción", "DESCRIPCION", LIKE_, "DESCRIPCION, CODIGO"}};
+    k.campos = {{.titulo = "Código", .columna = "CODIGO", .modo = LIKE_, .orden = "CODIGO"}, {.titulo = "Tipo", .columna = "TIPO", .modo = LIKE_, .orden = "TIPO, CODIGO"},
+                {.titulo = "Descripción", .columna = "DESCRIPCION", .modo = LIKE_, .orden = "DESCRIPCION, CODIGO"}};
     k.campoClave = QStringLiteral("CODIGO");
     k.claveNumerica = false;
-    k.columnas = {{"Código", 750, "CODIGO"}, {"Tipo", 3000, "TIPO"}, {"Descripción", 3950, "DESCRIPCION"},
-                  {"Ct", 800, "CT"}, {"Cc", 800, "CC"}};
+    k.columnas = {{.titulo = "Código", .twips = 750, .campo = "CODIGO"}, {.titulo = "Tipo", .twips = 3000, .campo = "TIPO"}, {.titulo = "Descripción", .twips = 3950, .campo = "DESCRIPCION"},
+                  {.titulo = "Ct", .twips = 800, .campo = "CT"}, {.titulo = "Cc", .twips = 800, .campo = "CC"}};
     poner("*", k);
 
     const QString tipoDoc = QStringLiteral("TIPODOC = ?");
-    poner("A1", impreso("DATOSA1B2", "datosA1B2", tipoDoc, {"A1"}, "FECHA_A1", proyectoLugarFecha("LUGAR_A1", "FECHA_A1"),
-                        "FECHA_A1, PRYNOM"));
-    poner("B2", impreso("DATOSA1B2", "datosA1B2", tipoDoc, {"B2"}, "FECHA_B2", proyectoLugarFecha("LUGAR_B2", "FECHA_B2"),
-                        "FECHA_B2, PRYNOM"));
+    for (const char* tipo : {"A1", "B2"}) {
+        const QString t = QString::fromLatin1(tipo);
+        poner(t, impreso({.tabla = "DATOSA1B2", .origen = "datosA1B2", .condicion = tipoDoc, .valores = {t},
+                          .campoFecha = "FECHA_" + t, .ordenFecha = "FECHA_" + t + ", PRYNOM",
+                          .columnas = proyectoLugarFecha("LUGAR_" + t, "FECHA_" + t)}));
+    }
     for (const char* n : {"DATOSA2", "DATOSA3", "DATOSCOMUNICADO_DIRECCION_Y_COORDINADOR"}) {
         const QString tabla = QString::fromLatin1(n);
-        poner("*", impreso(tabla, QStringLiteral("datos") + tabla.mid(5), {}, {}, "FECHA",
-                           proyectoLugarFecha("LUGAR", "FECHA"), "FECHA, PRYNOM"));
+        poner("*", impreso({.tabla = tabla, .origen = "datos" + tabla.mid(5), .campoFecha = "FECHA", .ordenFecha = "FECHA, PRYNOM",
+                            .columnas = proyectoLugarFecha("LUGAR", "FECHA")}));
     }
-    poner("A4", impreso("DATOSA4A5", "datosA4A5", tipoDoc, {"A4"}, "FECHAA4",
-                        {{"Proyecto", 3500, "PRYNOM"}, {"Fecha visado", 1500, "FECHAVIS", true},
-                         {"Lugar", 3000, "LUGARA4"}, {"Fecha", 1500, "FECHAA4", true}},
-                        "FECHAA4, PRYNOM"));
-    poner("A5", impreso("DATOSA4A5", "datosA4A5", tipoDoc, {"A5"}, "FECHAA5",
-                        {{"Proyecto", 3500, "PRYNOM"}, {"Lugar", 3000, "LUGARA5"}, {"Fecha", 3000, "FECHAA5", true}},
-                        "FECHAA5, PRYNOM"));
+    poner("A4", impreso({.tabla = "DATOSA4A5", .origen = "datosA4A5", .condicion = tipoDoc, .valores = {"A4"},
+                         .campoFecha = "FECHAA4", .ordenFecha = "FECHAA4, PRYNOM",
+                         .columnas = {{.titulo = "Proyecto", .twips = 3500, .campo = "PRYNOM"},
+                                      {.titulo = "Fecha visado", .twips = 1500, .campo = "FECHAVIS", .fecha = true},
+                                      {.titulo = "Lugar", .twips = 3000, .campo = "LUGARA4"},
+                                      {.titulo = "Fecha", .twips = 1500, .campo = "FECHAA4", .fecha = true}}}));
+    poner("A5", impreso({.tabla = "DATOSA4A5", .origen = "datosA4A5", .condicion = tipoDoc, .valores = {"A5"},
+                         .campoFecha = "FECHAA5", .ordenFecha = "FECHAA5, PRYNOM",
+                         .columnas = {{.titulo = "Proyecto", .twips = 3500, .campo = "PRYNOM"},
+                                      {.titulo = "Lugar", .twips = 3000, .campo = "LUGARA5"},
+                                      {.titulo = "Fecha", .twips = 3000, .campo = "FECHAA5", .fecha = true}}}));
     // La búsqueda por fecha del CSS mira la fecha de su tabla y va sin orden, como siempre.
-    poner("*", impreso("DATOSCOORDINADOR_SEGURIDAD_Y_SALUD", "datosCOORDINADOR_SEGURIDAD_Y_SALUD", {}, {}, "FECHA",
-                       {{"Proyecto", 3500, "PRYNOM"}, {"Fecha visado", 1500, "FECHAVIS", true},
-                        {"Lugar", 3000, "LUGAR"}, {"Fecha", 1500, "FECHA", true}},
-                       {}));
+    poner("*", impreso({.tabla = "DATOSCOORDINADOR_SEGURIDAD_Y_SALUD", .origen = "datosCOORDINADOR_SEGURIDAD_Y_SALUD",
+                        .campoFecha = "FECHA",
+                        .columnas = {{.titulo = "Proyecto", .twips = 3500, .campo = "PRYNOM"},
+                                     {.titulo = "Fecha visado", .twips = 1500, .campo = "FECHAVIS", .fecha = true},
+                                     {.titulo = "Lugar", .twips = 3000, .campo = "LUGAR"},
+                                     {.titulo = "Fecha", .twips = 1500, .campo = "FECHA", .fecha = true}}}));
     // Facturas (B1) y retenciones (B3) comparten tabla sin tipo: las dos listas ven las mismas filas.
-    poner("*", impreso("DATOSB1B3B4", "datosB1B3B4", {}, {}, "FECHA",
-                       {{"Proyecto", 4000, "PRYNOM"}, {"Nº Factura", 1500, "NUMFAC"}, {"Emisor", 4000, "ARQNOM"}},
-                       "FECHA, PRYNOM"));
+    poner("*", impreso({.tabla = "DATOSB1B3B4", .origen = "datosB1B3B4", .campoFecha = "FECHA", .ordenFecha = "FECHA, PRYNOM",
+                        .columnas = {{.titulo = "Proyecto", .twips = 4000, .campo = "PRYNOM"},
+                                     {.titulo = "Nº Factura", .twips = 1500, .campo = "NUMFAC"},
+                                     {.titulo = "Emisor", .twips = 4000, .campo = "ARQNOM"}}}));
     poner("B4_A", certificadoB4(QStringLiteral("A")));
     poner("B4_P", certificadoB4(QStringLiteral("P")));
-    poner("*", impreso("DATOSFINOBRA", "datosFinObra", {}, {}, "FECHA",
-                       {{"Proyecto", 5000, "PRYNOM"}, {"Fecha", 3000, "FECHA", true}}, "FECHA, PRYNOM"));
+    poner("*", impreso({.tabla = "DATOSFINOBRA", .origen = "datosFinObra", .campoFecha = "FECHA", .ordenFecha = "FECHA, PRYNOM",
+                        .columnas = {{.titulo = "Proyecto", .twips = 5000, .campo = "PRYNOM"},
+                                     {.titulo = "Fecha", .twips = 3000, .campo = "FECHA", .fecha = true}}}));
 
     Descripcion ce;
     ce.tabla = QStringLiteral("DATOSCERTIFICADO");
     ce.origen = QStringLiteral("datosCERTIFICADO");
     ce.orden = QStringLiteral("Fecha, NomArq");
-    ce.campos = {{"Arquitecto", "NomArq", LIKE_, "NomArq, Fecha"}, {"Fecha", "Fecha", FECHA, "Fecha, NomArq"}};
+    ce.campos = {{.titulo = "Arquitecto", .columna = "NomArq", .modo = LIKE_, .orden = "NomArq, Fecha"}, {.titulo = "Fecha", .columna = "Fecha", .modo = FECHA, .orden = "Fecha, NomArq"}};
     ce.campoClave = QStringLiteral("Clave");
-    ce.columnas = {{"Arquitecto", 6000, "NomArq"}, {"Fecha", 3000, "Fecha", true}};
+    ce.columnas = {{.titulo = "Arquitecto", .twips = 6000, .campo = "NomArq"}, {.titulo = "Fecha", .twips = 3000, .campo = "Fecha", .fecha = true}};
     poner("*", ce);
     return t;
 }

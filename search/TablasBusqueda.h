@@ -15,16 +15,16 @@ enum class Familia { Proyectos, Arquitectos, Aparejadores, Contratistas, Cliente
 enum class Modo { Parecido, Igual, Fecha };
 
 struct CampoBusqueda {
-    QString titulo;    // texto de la lista de campos
-    QString columna;   // columna en la que se busca
+    QString titulo{};    // texto de la lista de campos
+    QString columna{};   // columna en la que se busca
     Modo modo = Modo::Parecido;
-    QString orden;     // orden de la búsqueda por este campo ("" sin ORDER BY)
+    QString orden{};     // orden de la búsqueda por este campo ("" sin ORDER BY)
 };
 
 struct Columna {
-    QString titulo;
+    QString titulo{};
     int twips = 0;
-    QString campo;
+    QString campo{};
     bool fecha = false;  // se guarda 'AAAA-MM-DD' y se enseña "dd/mm/aaaa"
 };
 

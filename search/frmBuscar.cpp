@@ -161,7 +161,7 @@ void frmBuscar::eliminarRegistro(int fila)
         if (c >= 0)
             partes << modelo()->texto(fila, c);
     const QString texto = QString::fromUtf8(pregunta->texto) + partes.join(QLatin1Char(' ')) + QStringLiteral("?");
-    if (Mensajes::pregunta(texto, true) != Mensajes::Respuesta::Si)
+    if (Mensajes::pregunta(texto, Mensajes::Respuesta::No) != Mensajes::Respuesta::Si)
         return;
 
     const TablasBusqueda::Descripcion& d = *descripcionTabla();
