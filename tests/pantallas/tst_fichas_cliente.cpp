@@ -165,6 +165,35 @@ private slots:
 
     // Modificar: el cliente y su representante, y las copias en proyectos (por Codigo_Cliente y
     // Codigo_Representante, vacío como texto vacío) y en los certificados B4 (sólo el pagador).
+    // El mensaje de guardado sale con la transacción ya confirmada: mientras se lee, otro puesto
+    // puede guardar.
+    void guardadoConfirmadoAntesDelMensaje_data()
+    {
+        QTest::addColumn<QString>("operacion");
+        QTest::newRow("alta") << "ALTA";
+        QTest::newRow("modificación") << "MODIFICAR";
+    }
+
+    void guardadoConfirmadoAntesDelMensaje()
+    {
+        QFETCH(QString, operacion);
+        Entorno e;
+        sembrarClienteConCopias();
+        auto* f = abrirCliente(operacion, 3);
+        poner(f, {{"txt_Nombre", "Obras Nuevas SL"}, {"txt_NIF", "B2"}});
+        QStringList vistos;
+        bool otroPuestoGuarda = false;
+        Mensajes::instalarContestador([&](const Mensajes::Cuadro& c) {
+            vistos << c.texto;
+            otroPuestoGuarda = otroPuestoPuedeGuardar(e.ficheroBD());
+            return c.porDefecto;
+        });
+        pulsar(f, QStringLiteral("cmd_Guardar"));
+        QCOMPARE(vistos, QStringList{operacion == QLatin1String("ALTA") ? QStringLiteral("Cliente dado de alta correctamente")
+                                                                        : QStringLiteral("Datos del cliente modificados correctamente")});
+        QVERIFY(otroPuestoGuarda);
+    }
+
     void modificarYCascadas()
     {
         Entorno e;
