@@ -3,9 +3,11 @@
 // hojas) e impreso-b2-blanco.pdf.
 #include "app/frmMenu.h"
 #include "core/modFunciones.h"
-#include "forms/AbrirImpreso.h"
+#include "app/Aplicacion.h"
+#include "core/Fichas.h"
 #include "forms/DatosImpreso.h"
 #include "reports/frmVisorCrystal.h"
+#include "reports/VistaImpreso.h"
 #include "reports/modInformes.h"
 #include "tests/comun/EntornoPrueba.h"
 
@@ -85,11 +87,7 @@ qint64 impresoA1(qint64 proyecto, const QString& pdf, qint64* hastaVista)
     QElapsedTimer t;
     t.start();
     frmMenu::instancia()->mnu_A1_Click();
-    PeticionFicha p;
-    p.tabla = QStringLiteral("DATOSA1B2");
-    p.tipoImpreso = QStringLiteral("A1");
-    p.operacion = QStringLiteral("ALTA");
-    abrirImpreso(p);
+    Fichas::abrir({.tabla = QStringLiteral("DATOSA1B2"), .tipoImpreso = QStringLiteral("A1"), .operacion = QStringLiteral("ALTA")});
     DatosImpreso* f = ultimaPantalla();
     QString nombre;
     {
@@ -113,6 +111,7 @@ int main(int argc, char** argv)
     qputenv("QT_QPA_PLATFORM", qgetenv("QT_QPA_PLATFORM").isEmpty() ? QByteArray("offscreen") : qgetenv("QT_QPA_PLATFORM"));
     QApplication app(argc, argv);
     modInformes::inicializarRecursos();
+    Aplicacion::registrarPantallas();
     const QString salida = argc > 1 ? QString::fromLocal8Bit(argv[1]) : QString();
     EntornoPrueba env;
     env.conectar();

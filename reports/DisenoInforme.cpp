@@ -4,6 +4,7 @@
 
 #include <QFile>
 #include <QXmlStreamReader>
+#include <QXmlStreamWriter>
 
 QSizeF DisenoInforme::tamanoPapel() const
 {
@@ -28,6 +29,7 @@ public:
         const auto a = m_x.attributes();
         d->nombre = a.value(QLatin1String("nombre")).toString();
         d->titulo = a.value(QLatin1String("titulo")).toString();
+        d->datos = a.value(QLatin1String("datos")).toString();
         d->impreso = a.value(QLatin1String("tipo")) == QLatin1String("impreso");
         m_base.familia = a.hasAttribute(QLatin1String("fuente")) ? a.value(QLatin1String("fuente")).toString()
                                                                  : QStringLiteral("Liberation Sans");
@@ -253,11 +255,100 @@ private:
     FuenteInforme m_base;
 };
 
+// Bloques compartidos: <incluir bloque="cliente" y="30.5" numero="1"/> pone en su sitio los
+// elementos de ":/informes/bloques/cliente.xml", desplazados x e y, con cada {parametro} del
+// bloque sustituido por el atributo del mismo nombre. Los impresos repiten así, igual, los
+// bloques del cliente, la sociedad, los arquitectos, el proyecto, el pie y las firmas.
+class Expansor {
+public:
+    explicit Expansor(QString origen) : m_origen(std::move(origen)) {}
+
+    QByteArray expandir(const QByteArray& xml)
+    {
+        QXmlStreamReader r(xml);
+        QByteArray salida;
+        QXmlStreamWriter w(&salida);
+        while (!r.atEnd()) {
+            r.readNext();
+            if (r.isStartElement() && r.name() == QLatin1String("incluir")) {
+                incluir(r.attributes(), w, r.lineNumber());
+                r.skipCurrentElement();
+                continue;
+            }
+            if (!r.hasError())
+                w.writeCurrentToken(r);
+        }
+        if (r.hasError())
+            fallar(r.lineNumber(), r.errorString());
+        return salida;
+    }
+
+private:
+    [[noreturn]] void fallar(qint64 linea, const QString& motivo)
+    {
+        lanzarError(-1, QStringLiteral("Diseño de informe no válido (%1, línea %2): %3").arg(m_origen).arg(linea).arg(motivo));
+    }
+
+    void incluir(const QXmlStreamAttributes& a, QXmlStreamWriter& w, qint64 linea)
+    {
+        const QString nombre = a.value(QLatin1String("bloque")).toString();
+        QFile f(QStringLiteral(":/informes/bloques/") + nombre + QStringLiteral(".xml"));
+        if (nombre.isEmpty() || !f.open(QIODevice::ReadOnly))
+            fallar(linea, QStringLiteral("no existe el bloque \"%1\"").arg(nombre));
+        const double dx = a.value(QLatin1String("x")).toDouble(), dy = a.value(QLatin1String("y")).toDouble();
+        QList<std::pair<QString, QString>> parametros;
+        for (const auto& at : a)
+            if (at.name() != QLatin1String("bloque") && at.name() != QLatin1String("x") && at.name() != QLatin1String("y"))
+                parametros.append({QLatin1Char('{') + at.name().toString() + QLatin1Char('}'), at.value().toString()});
+        const auto sustituir = [&parametros](QString t) {
+            for (const auto& [marca, valor] : parametros)
+                t.replace(marca, valor);
+            return t;
+        };
+
+        QXmlStreamReader b(f.readAll());
+        if (!b.readNextStartElement() || b.name() != QLatin1String("bloque"))
+            fallar(linea, QStringLiteral("el bloque \"%1\" no empieza por <bloque>").arg(nombre));
+        int nivel = 0;
+        while (!b.atEnd()) {
+            b.readNext();
+            if (b.isStartElement()) {
+                ++nivel;
+                w.writeStartElement(b.name().toString());
+                for (const auto& at : b.attributes()) {
+                    QString valor = sustituir(at.value().toString());
+                    // Sólo los elementos de primer nivel se desplazan: lo de dentro es relativo a ellos.
+                    const QString n = at.name().toString();
+                    const double desplazamiento = nivel > 1 ? 0
+                        : (n == QLatin1String("x") || n == QLatin1String("x1") || n == QLatin1String("x2")) ? dx
+                        : (n == QLatin1String("y") || n == QLatin1String("y1") || n == QLatin1String("y2")) ? dy
+                                                                                                          : 0;
+                    if (desplazamiento != 0)
+                        valor = QString::number(valor.toDouble() + desplazamiento, 'g', 12);
+                    w.writeAttribute(n, valor);
+                }
+            } else if (b.isEndElement()) {
+                if (nivel == 0)
+                    break;  // </bloque>
+                --nivel;
+                w.writeEndElement();
+            } else if (b.isCharacters() && nivel > 0) {
+                w.writeCharacters(sustituir(b.text().toString()));
+            }
+        }
+        if (b.hasError())
+            fallar(linea, QStringLiteral("bloque \"%1\": %2").arg(nombre, b.errorString()));
+    }
+
+    QString m_origen;
+};
+
 }  // namespace
 
 std::shared_ptr<const DisenoInforme> leerDisenoXml(const QByteArray& xml, const QString& origen)
 {
-    return Lector(xml, origen).leer();
+    const QByteArray completo = xml.contains("<incluir") ? Expansor(origen).expandir(xml) : xml;
+    return Lector(completo, origen).leer();
 }
 
 std::shared_ptr<const DisenoInforme> leerDiseno(const QString& ruta)

@@ -64,6 +64,7 @@ struct SubtablaInforme {
 
 struct DisenoInforme {
     QString nombre, titulo;
+    QString datos;                  // tabla de la que salen las filas (la temporal de un impreso)
     bool impreso = false;           // impreso del Colegio: sin filas se imprime una vez en blanco
     QPageSize::PageSizeId tamano = QPageSize::A4;
     QPageLayout::Orientation orientacion = QPageLayout::Portrait;

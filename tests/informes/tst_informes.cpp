@@ -1,6 +1,7 @@
 // Motor de informes, conductor modInformes, listados y código de detalle.
 #include "core/BaseDatos.h"
 #include "reports/CodigoDetalle.h"
+#include "reports/TablaImpresos.h"
 #include "reports/modInformes.h"
 #include "tests/comun/EntornoPrueba.h"
 
@@ -159,6 +160,47 @@ private slots:
                                       {"C/ Real", QVariant(), QVariant(), 3, 1, "A", "Estudio"}}));
         QCOMPARE(textosCompuestos(d), (QStringList{"- Haro - La Rioja", "Estudio, Arquitectos", "C/ Real", "N1=3", "segundo",
                                                    "Estudio, Arquitecto"}));
+    }
+
+    // Un bloque compartido entra en su sitio (desplazado) con sus parámetros puestos; los
+    // elementos de dentro de una subtabla no se desplazan; un bloque que no existe es un error.
+    void bloquesIncluidos()
+    {
+        const QByteArray xml = R"(<informe nombre="crPrueba" tipo="impreso">
+  <detalle alto="100">
+    <incluir bloque="lugarFecha" x="10" y="50" lugar="LUGAR_A1" fecha="FECHA_A1"/>
+    <texto x="0" y="0" ancho="10" alto="5">propio</texto>
+  </detalle>
+</informe>)";
+        const auto d = leerDisenoXml(xml);
+        const QList<ElementoInforme>& e = d->detalle.elementos;
+        QCOMPARE(e.size(), 7);
+        QCOMPARE(e[0].texto, QStringLiteral("En"));
+        QCOMPARE(e[0].rect.topLeft(), QPointF(10, 50));
+        QCOMPARE(e[1].campo, QStringLiteral("LUGAR_A1"));
+        QCOMPARE(e[2].rect.top(), 55.6);  // la línea, con y1 desplazado
+        QCOMPARE(e[4].campo, QStringLiteral("FECHA_A1"));
+        QCOMPARE(e[6].texto, QStringLiteral("propio"));
+        bool fallo = false;
+        try {
+            leerDisenoXml(R"(<informe nombre="x"><detalle alto="1"><incluir bloque="noExiste"/></detalle></informe>)", "x.xml");
+        } catch (const ErrorPrograma& err) {
+            fallo = err.descripcion.contains(QStringLiteral("no existe el bloque \"noExiste\""));
+        }
+        QVERIFY(fallo);
+    }
+
+    // Cada diseño de impreso dice de qué tabla salen sus filas, y es la que le da el conductor.
+    void origenDeLosImpresos()
+    {
+        for (const DefinicionImpreso& d : TablaImpresos::todas())
+            for (const VarianteImpreso& v : d.variantes) {
+                const QString ruta = QStringLiteral(":/informes/") + v.informe + QStringLiteral(".xml");
+                if (!QFile::exists(ruta))
+                    continue;  // impreso aún sin diseño
+                QCOMPARE(leerDiseno(ruta)->datos, TablaImpresos::origenInforme(v.codigo).tabla);
+                QCOMPARE(sentenciaImpreso(v.codigo), QStringLiteral("SELECT * FROM ") + leerDiseno(ruta)->datos);
+            }
     }
 
     // Cada listado en PDF: título, estudio, cabeceras, filas en orden español, nulos en blanco, formatos.
