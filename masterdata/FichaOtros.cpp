@@ -179,17 +179,10 @@ bool FichaOtros::validarDatos()
 
 bool FichaOtros::guardarRegistro()
 {
-    qint64 clave = 0;
-    if (esAlta()) {
-        // Una sola serie para todas las categorías de OTROS.
-        clave = siguienteClave(QStringLiteral("OTROS"), QStringLiteral("Codigo_Cli"));
-    } else {
-        if (escalar(QStringLiteral("SELECT Codigo_Cli FROM OTROS WHERE Codigo_Cli = ?"), {Codigo}).isNull()) {
-            Mensajes::aviso(m_textos.noHallado);
-            return false;
-        }
-        clave = Codigo;
-    }
+    // Una sola serie para todas las categorías de OTROS.
+    const qint64 clave = claveAGuardar(QStringLiteral("OTROS"), QStringLiteral("Codigo_Cli"), m_textos.noHallado);
+    if (clave == 0)
+        return false;
     Campos campos;
     if (txt_Colegio)
         campos << qMakePair(QStringLiteral("Colegio"), textoONulo(txt_Colegio->text()));

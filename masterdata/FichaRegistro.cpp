@@ -121,14 +121,26 @@ bool FichaRegistro::guardarAlSalir()
     return !m_cancelarCierre;
 }
 
-void FichaRegistro::prepararProvincia(QComboBox* cbo)
+qint64 FichaRegistro::claveAGuardar(const QString& tabla, const QString& campo, const QString& noHallado) const
+{
+    if (esAlta())
+        return siguienteClave(tabla, campo);
+    if (escalar(QStringLiteral("SELECT \"%1\" FROM \"%2\" WHERE \"%1\" = ?").arg(campo, tabla), {Codigo}).isNull()) {
+        Mensajes::aviso(noHallado);
+        return 0;
+    }
+    return Codigo;
+}
+
+void FichaRegistro::prepararProvincia(QComboBox* cbo, Provincias lista)
 {
     cbo->setEditable(true);
     cbo->setInsertPolicy(QComboBox::NoInsert);
     cbo->clear();
     {
         UsoConexion uso;
-        Consulta c(QStringLiteral("SELECT descripción FROM PROVINCIAS ORDER BY descripción COLLATE ES"));
+        Consulta c(lista == Provincias::Mirvade ? QStringLiteral("SELECT descripción FROM PROVINCIAS_MIRVADE")
+                                                : QStringLiteral("SELECT descripción FROM PROVINCIAS ORDER BY descripción COLLATE ES"));
         while (c.siguiente())
             cbo->addItem(c.valor(0).toString());
     }

@@ -32,7 +32,9 @@ public:
     void cmd_Cerrar_Click();
 
     // Reglas comunes de los campos.
-    static void prepararProvincia(QComboBox* cbo);           // lista de PROVINCIAS, 25 caracteres
+    // La lista de provincias de un campo: texto libre sobre ella, 25 caracteres como mucho.
+    enum class Provincias { Espanolas, Mirvade };  // PROVINCIAS en orden español; PROVINCIAS_MIRVADE tal cual
+    static void prepararProvincia(QComboBox* cbo, Provincias lista = Provincias::Espanolas);
     static void limitarNotas(QPlainTextEdit* txt, int maximo); // límite de un cuadro de varias líneas
     static void alSalir(QWidget* w, std::function<void()> accion);  // al perder el foco
     // Las tres comprobaciones del correo; avisa y enfoca el campo si falla.
@@ -55,6 +57,10 @@ protected:
     virtual QString textoAlta() const = 0;
     virtual QString textoModificado() const = 0;
     virtual QString listaMenu() const { return {}; }  // clave de la lista que se abre tras un alta sin devolución
+
+    // Clave de la fila a escribir: en "ALTA" la mayor más uno; en "MODIFICAR" la del registro si
+    // sigue existiendo. Si ya no existe avisa con el texto dado y devuelve 0.
+    qint64 claveAGuardar(const QString& tabla, const QString& campo, const QString& noHallado) const;
 
     bool cargar() override;
     bool guardarAlSalir() override;

@@ -182,16 +182,10 @@ bool frmCliente::validarDatos()
 
 bool frmCliente::guardarRegistro()
 {
-    qint64 clave = 0;
-    if (esAlta()) {
-        clave = siguienteClave(QStringLiteral("Clientes"), QStringLiteral("Codigo_Cli"));
-    } else {
-        if (escalar(QStringLiteral("SELECT Codigo_Cli FROM CLIENTES WHERE Codigo_Cli = ?"), {Codigo}).isNull()) {
-            Mensajes::aviso(QStringLiteral("No se ha podido hallar el cliente seleccionado para su modificación"));
-            return false;
-        }
-        clave = Codigo;
-    }
+    const qint64 clave = claveAGuardar(QStringLiteral("Clientes"), QStringLiteral("Codigo_Cli"),
+                                       QStringLiteral("No se ha podido hallar el cliente seleccionado para su modificación"));
+    if (clave == 0)
+        return false;
     Campos campos = {
         {QStringLiteral("Nombre_Cli"), textoONulo(ui->txt_Nombre->text())},
         {QStringLiteral("Ape_Cli"), textoONulo(ui->txt_Apellidos->text())},

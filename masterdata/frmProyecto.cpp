@@ -246,21 +246,7 @@ void frmProyecto::cargarDatosProyecto()
 {
     UsoConexion uso;
 
-    // Provincias: texto libre sobre la lista, 25 caracteres como mucho; al salir se corta.
-    QComboBox* cbo = ui->cbo_Provincia;
-    cbo->clear();
-    {
-        Consulta c(QStringLiteral("SELECT descripción FROM PROVINCIAS_MIRVADE"));
-        while (c.siguiente())
-            cbo->addItem(c.valor(0).toString());
-    }
-    cbo->setCurrentIndex(-1);
-    cbo->setEditText(QString());
-    cbo->lineEdit()->setMaxLength(25);
-    FichaRegistro::alSalir(cbo, [cbo] {
-        if (cbo->currentText().size() > 25)
-            cbo->setEditText(cbo->currentText().left(25));
-    });
+    FichaRegistro::prepararProvincia(ui->cbo_Provincia, FichaRegistro::Provincias::Mirvade);
 
     if (tag() == QLatin1String("MODIFICAR")) {
         Consulta p(QStringLiteral("SELECT * FROM Proyectos_A WHERE PryCod = ?"), {PryCod});
@@ -271,7 +257,7 @@ void frmProyecto::cargarDatosProyecto()
         ui->txt_Trabajo->setText(p.texto(QStringLiteral("Trabajo")));
         ui->txt_Emplazamiento->setText(p.texto(QStringLiteral("Emplazamiento")));
         ui->txt_Municipio->setText(p.texto(QStringLiteral("Municipio")));
-        cbo->setEditText(p.texto(QStringLiteral("Provincia")));
+        ui->cbo_Provincia->setEditText(p.texto(QStringLiteral("Provincia")));
         ui->txt_NumExpediente->setText(p.texto(QStringLiteral("EXPNUM")));
         ui->msk_FechaVisado->setText(fechaEnPantalla(p.texto(QStringLiteral("EXPFV"))));
         ui->msk_FechaFinDeObra->setText(fechaEnPantalla(p.texto(QStringLiteral("EXPFFO"))));
