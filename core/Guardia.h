@@ -19,9 +19,8 @@ bool guardia(const QString& formulario, const QString& procedimiento, Cuerpo&& c
         cuerpo();
         return true;
     } catch (...) {
+        // Los cursores de espera del cuerpo (CursorEspera) ya se han restaurado al salir de su ámbito.
         const ErrorPrograma e = errorDesdeExcepcion(std::current_exception());
-        while (QApplication::overrideCursor())
-            QApplication::restoreOverrideCursor();
         escribirLog(e, NOMBRE_PROGRAMA, formulario, procedimiento, e.linea, mostrar);
         return false;
     }

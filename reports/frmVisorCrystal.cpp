@@ -1,5 +1,6 @@
 #include "reports/frmVisorCrystal.h"
 
+#include "core/CicloPantalla.h"
 #include "core/Guardia.h"
 #include "core/Sistema.h"
 #include "reports/modInformes.h"
@@ -15,6 +16,7 @@
 #include <QPrinter>
 #include <QRegularExpression>
 #include <QStyle>
+#include <optional>
 
 frmVisorCrystal::frmVisorCrystal(QWidget* padre) : Pantalla(padre), ui(std::make_unique<Ui::frmVisorCrystal>())
 {
@@ -33,7 +35,7 @@ frmVisorCrystal::frmVisorCrystal(QWidget* padre) : Pantalla(padre), ui(std::make
         b->setToolButtonStyle(Qt::ToolButtonIconOnly);
 
     // Form_Load: el visor se enlaza al informe en curso.
-    QApplication::setOverrideCursor(Qt::WaitCursor);
+    std::optional<CursorEspera> espera(std::in_place);
     m_impresora = std::make_unique<QPrinter>(QPrinter::HighResolution);
     if (modInformes::Informe)
         m_impresora->setPageLayout(modInformes::Informe->disenoPagina());
@@ -53,7 +55,7 @@ frmVisorCrystal::frmVisorCrystal(QWidget* padre) : Pantalla(padre), ui(std::make
     if (auto* vista = CRViewer91->findChild<QGraphicsView*>())
         connect(vista->verticalScrollBar(), &QScrollBar::valueChanged, this, &frmVisorCrystal::actualizarPagina);
     CRViewer91->updatePreview();
-    QApplication::restoreOverrideCursor();
+    espera.reset();
 
     connect(ui->cmd_Acercar, &QToolButton::clicked, CRViewer91, [this] { CRViewer91->zoomIn(); });
     connect(ui->cmd_Alejar, &QToolButton::clicked, CRViewer91, [this] { CRViewer91->zoomOut(); });
@@ -120,9 +122,8 @@ void frmVisorCrystal::cmd_Imprimir_Click()
         dialogo.setOption(QAbstractPrintDialog::PrintCollateCopies, true);
         if (dialogo.exec() != QDialog::Accepted)
             return;
-        QApplication::setOverrideCursor(Qt::WaitCursor);
+        CursorEspera espera;
         modInformes::Informe->imprimir(&impresora);
-        QApplication::restoreOverrideCursor();
     });
 }
 
@@ -144,9 +145,8 @@ bool frmVisorCrystal::guardarPDF(const QString& ruta)
     return guardia(QStringLiteral("frmVisorCrystal"), QStringLiteral("cmd_GuardarPDF_Click"), [&] {
         if (!modInformes::Informe)
             return;
-        QApplication::setOverrideCursor(Qt::WaitCursor);
+        CursorEspera espera;
         modInformes::Informe->exportarPDF(ruta);
-        QApplication::restoreOverrideCursor();
     });
 }
 
