@@ -16,7 +16,6 @@
 #include "core/Pantallas.h"
 #include "core/Rutas.h"
 #include "core/Sistema.h"
-#include "core/frmValidarNIFCIF.h"
 
 class QWidget;
 

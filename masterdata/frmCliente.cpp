@@ -2,6 +2,7 @@
 
 #include "core/Iconos.h"
 #include "core/modFunciones.h"
+#include "masterdata/frmValidarNIFCIF.h"
 #include "ui_frmCliente.h"
 
 #include <QApplication>

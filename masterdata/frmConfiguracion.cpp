@@ -3,6 +3,7 @@
 #include "core/Iconos.h"
 #include <QPointer>
 #include "core/modFunciones.h"
+#include "masterdata/frmValidarNIFCIF.h"
 #include "core/Programa.h"
 #include "masterdata/FichaRegistro.h"
 #include "masterdata/frmAddModCosteReferencia.h"

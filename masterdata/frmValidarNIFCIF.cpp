@@ -1,4 +1,4 @@
-#include "core/frmValidarNIFCIF.h"
+#include "masterdata/frmValidarNIFCIF.h"
 #include "ui_frmValidarNIFCIF.h"
 
 #include "core/Guardia.h"

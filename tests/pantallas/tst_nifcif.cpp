@@ -3,7 +3,7 @@
 #include "core/Nif.h"
 #include "core/Pantallas.h"
 #include "core/Rutas.h"
-#include "core/frmValidarNIFCIF.h"
+#include "masterdata/frmValidarNIFCIF.h"
 
 #include <QDir>
 #include <QFile>
