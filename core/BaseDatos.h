@@ -8,6 +8,8 @@
 #include <QString>
 #include <QVariant>
 
+struct sqlite3;
+
 // Estado de todo el programa sobre la base de datos (se fija en el arranque).
 extern QString rutaBD;            // carpeta de la base de datos, siempre con separador final
 extern QString cadenaConexion;    // fichero que abre la conexión compartida
@@ -30,8 +32,13 @@ void cerrar();
 // Abre una conexión propia (informes, pruebas) con las mismas funciones registradas.
 QSqlDatabase abrirConexion(const QString& nombre, const QString& fichero, bool soloLectura = false);
 void registrarFunciones(QSqlDatabase& db);  // cotejo ES, LIKE, UCASE y UPPER en español
+void registrarFunciones(sqlite3* h);
 
+// Fallo del motor como lo ve el usuario: los fallos del almacenamiento (en uso, dañada, no es una
+// base de datos, sólo lectura, disco lleno, lectura o escritura, no se abre) llevan su texto en
+// español y el del motor aparte, sólo para el registro. "En uso" lleva el número ERROR_BD_EN_USO.
 ErrorPrograma errorDe(const QSqlError& e);
+ErrorPrograma errorDeMotor(int codigo, const QString& textoMotor);
 
 }  // namespace BaseDatos
 
