@@ -1,14 +1,20 @@
 // Dos puestos sobre una misma base de datos: guardados perdidos mientras otro puesto compacta o
 // restaura, y compactación, copia y restauración matadas en un momento al azar.
 // Se compila aparte (ninja bench_almacen) y se ejecuta a mano:
-//   bench_almacen [--guardados N] [--rondas R] [--filas F] [--semilla S] [--sin-antigua]
+//   bench_almacen [--guardados N] [--rondas R] [--filas F] [--arranques A] [--semilla S] [--sin-antigua]
 // "--sin-antigua" se salta la medida de la compactación de antes (copia del fichero y renombrado).
+// "--arranques" es el número de veces que dos instalaciones arrancan a la vez sobre la misma base.
 // Como root prueba además el disco lleno de verdad en un tmpfs pequeño.
+#include "app/Aplicacion.h"
+#include "app/frmInicio.h"
 #include "core/Almacen.h"
 #include "core/BaseDatos.h"
 #include "core/Guardia.h"
+#include "core/Mensajes.h"
+#include "core/Rutas.h"
 #include "tests/comun/ProcesosAlmacen.h"
 
+#include <QApplication>
 #include <QCoreApplication>
 #include <QDir>
 #include <QElapsedTimer>
@@ -149,12 +155,95 @@ void discoLleno(const QString& ejecutable)
     }
 }
 
+// Un arranque de verdad (frmInicio con su compactación) en la instalación dada; los cuadros que
+// habría visto el usuario salen por la salida estándar.
+const char* const ARRANQUE = "--arranque-instalacion";
+
+int arrancarInstalacion(int argc, char* argv[])
+{
+    QApplication app(argc, argv);
+    Aplicacion::prepararEntorno();
+    Rutas::establecerDirectorioPrograma(QString::fromLocal8Bit(argv[2]));
+    Mensajes::instalarContestador([](const Mensajes::Cuadro& c) {
+        escribir(QStringLiteral("caja ") + QString(c.texto).replace(QLatin1Char('\n'), QStringLiteral(" / ")));
+        return c.porDefecto;
+    });
+    auto* inicio = new frmInicio;
+    inicio->Form_Load();
+    if (inicio->temporizadorActivo())
+        inicio->tmr_1_Timer();
+    escribir(QStringLiteral("fin"));
+    return 0;
+}
+
+// Dos instalaciones (dos carpetas del programa) sobre una misma base de datos arrancan a la vez.
+void arranquesALaVez(const QString& ejecutable, int veces, int filas, quint32 semilla)
+{
+    QTemporaryDir dir;
+    const QString datos = dir.filePath(QStringLiteral("compartida")) + QDir::separator();
+    QDir().mkpath(datos);
+    const QString vivo = datos + BaseDatos::NOMBRE_FICHERO;
+    prepararBase(vivo, filas, 1, semilla);
+    {
+        sqlite3* h = nullptr;
+        sqlite3_open(vivo.toUtf8().constData(), &h);
+        sqlite3_exec(h, "INSERT INTO Config (IVA, IRPF) VALUES (16, 15)", nullptr, nullptr, nullptr);
+        sqlite3_close(h);
+    }
+    const Huella antes = huella(vivo);
+    QStringList instalaciones;
+    for (const char* nombre : {"ana", "luis"}) {
+        const QString d = dir.filePath(QString::fromLatin1(nombre));
+        QDir().mkpath(d + QStringLiteral("/Logs"));
+        QFile ini(d + QStringLiteral("/inicio.ini"));
+        ini.open(QIODevice::WriteOnly);
+        ini.write(QStringLiteral("[BD]\r\nruta=%1\r\n[Opciones]\r\ninicio=1\r\ncopia=0\r\n").arg(datos).toUtf8());
+        instalaciones << d;
+    }
+    int cajas = 0, silenciosas = 0, restos = 0, malas = 0;
+    QStringList textos;
+    for (int vez = 0; vez < veces; ++vez) {
+        QProcess a, b;
+        a.start(ejecutable, {QString::fromLatin1(ARRANQUE), instalaciones[0]});
+        b.start(ejecutable, {QString::fromLatin1(ARRANQUE), instalaciones[1]});
+        a.waitForFinished(60000);
+        b.waitForFinished(60000);
+        for (QProcess* p : {&a, &b})
+            for (const QString& l : QString::fromUtf8(p->readAllStandardOutput()).split(QLatin1Char('\n')))
+                if (l.startsWith(QStringLiteral("caja "))) {
+                    ++cajas;
+                    textos << l.mid(5);
+                }
+        if (ficheros(datos) != QStringList{BaseDatos::NOMBRE_FICHERO})
+            ++restos;
+        if (integridad(vivo) != QLatin1String("ok") || !(huella(vivo) == antes))
+            ++malas;
+    }
+    for (const QString& d : instalaciones) {
+        QFile log(d + QStringLiteral("/Logs/Log.txt"));
+        if (log.open(QIODevice::ReadOnly))
+            silenciosas += QString::fromUtf8(log.readAll()).count(QStringLiteral("abierta por otro usuario"));
+    }
+    textos.removeDuplicates();
+    escribir(QStringLiteral("dos arranques a la vez, %1 veces: %2 cuadros de error, %3 compactaciones saltadas en silencio por estar "
+                            "la base en uso, %4 veces con ficheros de más en la carpeta, %5 veces con la base dañada o cambiada")
+                 .arg(veces)
+                 .arg(cajas)
+                 .arg(silenciosas)
+                 .arg(restos)
+                 .arg(malas));
+    for (const QString& t : textos)
+        escribir(QStringLiteral("    cuadro: ") + t.left(300));
+}
+
 }  // namespace
 
 int main(int argc, char* argv[])
 {
     if (esPuesto(argc, argv))
         return ejecutarPuesto(argc, argv);
+    if (argc > 2 && qstrcmp(argv[1], ARRANQUE) == 0)
+        return arrancarInstalacion(argc, argv);
     QCoreApplication app(argc, argv);
     const QStringList a = app.arguments();
     auto opcion = [&](const char* nombre, int defecto) {
@@ -164,6 +253,7 @@ int main(int argc, char* argv[])
     const int guardados = opcion("--guardados", 300);
     const int rondas = opcion("--rondas", 30);
     const int filas = opcion("--filas", 120000);
+    const int arranques = opcion("--arranques", 20);
     const quint32 semilla = quint32(opcion("--semilla", 2026));
     const QString yo = QCoreApplication::applicationFilePath();
 
@@ -199,6 +289,9 @@ int main(int argc, char* argv[])
     informeMuertes(QStringLiteral("copiar"), matarDurante(yo, Operacion::Copiar, rondas, filas, semilla));
     informeMuertes(QStringLiteral("restaurar"), matarDurante(yo, Operacion::Restaurar, rondas, filas, semilla));
     escribir(QStringLiteral("(%1 s)").arg(reloj.elapsed() / 1000));
+
+    escribir(QStringLiteral("== Dos instalaciones arrancan a la vez (base de %1 clientes) ==").arg(filas));
+    arranquesALaVez(yo, arranques, filas, semilla);
 
     escribir(QStringLiteral("== Disco lleno =="));
     discoLleno(yo);

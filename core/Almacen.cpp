@@ -232,6 +232,10 @@ void comprobarBaseDatos(const QString& fichero, Uso uso)
         const QStringList resultado = m.columna("PRAGMA integrity_check");
         if (resultado.value(0) != QLatin1String("ok"))
             throw noValido(SQLITE_CORRUPT, danada, resultado.mid(0, 5).join(QStringLiteral("; ")));
+        // Una copia del programa nunca lleva el diario WAL, que no sirve en una carpeta de red y
+        // que el volcado pasaría a la base de datos viva.
+        if (copia && m.columna("PRAGMA journal_mode").value(0).compare(QLatin1String("wal"), Qt::CaseInsensitive) == 0)
+            throw noValido(SQLITE_NOTADB, noEs, QStringLiteral("journal_mode=wal"));
         QSet<QString> tablas;
         for (const QString& t : m.columna("SELECT name FROM sqlite_master WHERE type = 'table'"))
             tablas.insert(t.toLower());

@@ -234,6 +234,7 @@ private slots:
         QTest::newRow("vacío") << QStringLiteral("vacio") << NO_ES_COPIA;
         QTest::newRow("base de otro programa") << QStringLiteral("otro") << NO_ES_COPIA;
         QTest::newRow("dañada") << QStringLiteral("danada") << COPIA_DANADA;
+        QTest::newRow("con diario WAL") << QStringLiteral("wal") << NO_ES_COPIA;
         QTest::newRow("no existe") << QStringLiteral("no existe")
                                    << QStringLiteral("No se encuentra la copia de seguridad seleccionada.\n"
                                                      "No se ha restaurado nada. Por favor, seleccione otra copia de seguridad");
@@ -262,6 +263,12 @@ private slots:
         } else if (caso == QLatin1String("danada")) {
             prepararBase(copia, 2000, 2, 31);
             danarClientes(copia);
+        } else if (caso == QLatin1String("wal")) {
+            prepararBase(copia, 100, 2, 32);
+            sqlite3* h = nullptr;
+            sqlite3_open(copia.toUtf8().constData(), &h);
+            sqlite3_exec(h, "PRAGMA journal_mode=WAL", nullptr, nullptr, nullptr);
+            sqlite3_close(h);
         } else if (caso == QLatin1String("propia")) {
             copia = e.ficheroBD();
         }
