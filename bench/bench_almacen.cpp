@@ -91,7 +91,7 @@ void informeGuardados(const QString& titulo, const Guardados& g)
 
 void informeMuertes(const QString& titulo, const Muertes& m)
 {
-    escribir(QStringLiteral("%1: %2 rondas (duración sin matar %3 ms), %4 matados a medias; íntegras %5; contenido viejo %6, nuevo %7; "
+    escribir(QStringLiteral("%1 (%13 MB): %2 rondas (duración sin matar %3 ms), %4 matados a medias; íntegras %5; contenido viejo %6, nuevo %7; "
                             ".mee completos %8, parciales que quedan %9; cambios a medias deshechos %10, diarios vacíos %11; problemas %12")
                  .arg(titulo)
                  .arg(m.rondas)
@@ -104,7 +104,8 @@ void informeMuertes(const QString& titulo, const Muertes& m)
                  .arg(m.restosParciales)
                  .arg(m.diariosPorDeshacer)
                  .arg(m.diariosVacios)
-                 .arg(m.problemas.size()));
+                 .arg(m.problemas.size())
+                 .arg(double(m.bytes) / 1e6, 0, 'f', 1));
     for (const QString& p : m.problemas)
         escribir(QStringLiteral("    ") + p);
 }

@@ -31,9 +31,9 @@ QString nativa(const QString& ruta) { return QDir::toNativeSeparators(ruta); }
 class Pulso {
 public:
     explicit Pulso(const Latido& latido) : m_latido(latido) { m_reloj.start(); }
-    void operator()(int porcentaje, bool forzar = false)
+    void operator()(int porcentaje)
     {
-        if (!m_latido || (!forzar && m_reloj.elapsed() < 50))
+        if (!m_latido || m_reloj.elapsed() < 50)
             return;
         m_reloj.restart();
         try {
@@ -228,7 +228,7 @@ void comprobarBaseDatos(const QString& fichero, Uso uso)
                                  : QStringLiteral("No se encuentra el fichero de la base de datos: ") + nativa(fichero),
                        {});
     try {
-        Motor m(fichero, copia ? SQLITE_OPEN_READONLY : SQLITE_OPEN_READWRITE, copia ? 0 : 5000);
+        Motor m(fichero, copia ? SQLITE_OPEN_READONLY : SQLITE_OPEN_READWRITE, 5000);
         const QStringList resultado = m.columna("PRAGMA integrity_check");
         if (resultado.value(0) != QLatin1String("ok"))
             throw noValido(SQLITE_CORRUPT, danada, resultado.mid(0, 5).join(QStringLiteral("; ")));
@@ -250,7 +250,7 @@ void comprobarBaseDatos(const QString& fichero, Uso uso)
         case SQLITE_CORRUPT: throw noValido(e.numero, danada, e.textoMotor);
         default: break;
         }
-        if (!copia || e.numero == ERROR_BD_EN_USO)
+        if (!copia)
             throw;
         throw noValido(e.numero,
                        QStringLiteral("No se ha podido leer la copia de seguridad seleccionada.") + SALTO
@@ -323,7 +323,7 @@ void restaurarBaseDatos(const QString& copia, const QString& ficheroBD, const La
                        {});
     comprobarBaseDatos(copia, Uso::CopiaElegida);
     CerrojoExclusivo cerrojo(ficheroBD);
-    Motor origen(copia, SQLITE_OPEN_READONLY, 0);
+    Motor origen(copia, SQLITE_OPEN_READONLY, 5000);
     // El destino es la conexión que tiene el cerrojo; la escritura es una transacción del motor.
     volcar(origen.h(), cerrojo.conexion(), latido);
 }

@@ -18,6 +18,7 @@
 #include <QThread>
 #include <QUuid>
 #include <csignal>
+#include <sqlite3.h>
 #include <cstdio>
 #include <sys/resource.h>
 
@@ -158,6 +159,14 @@ void fijarGeneracion(const QString& fichero, int generacion)
     });
 }
 
+PuestoLeyendo::PuestoLeyendo(const QString& fichero)
+{
+    sqlite3_open_v2(fichero.toUtf8().constData(), &m_h, SQLITE_OPEN_READWRITE, nullptr);
+    sqlite3_exec(m_h, "BEGIN; SELECT count(*) FROM Config;", nullptr, nullptr, nullptr);
+}
+
+PuestoLeyendo::~PuestoLeyendo() { sqlite3_close_v2(m_h); }
+
 void danarClientes(const QString& fichero)
 {
     int raiz = 0;
@@ -293,6 +302,7 @@ Muertes matarDurante(const QString& ejecutable, Operacion operacion, int rondas,
     QFile::copy(vivo, plantillaVieja);
     prepararBase(nueva, filas + filas / 2, 2, semilla + 1);
     const Huella vieja = huella(plantillaVieja);
+    m.bytes = QFileInfo(plantillaVieja).size();
     const Huella nuevaH = huella(nueva);
 
     auto argumentos = [&]() -> QStringList {

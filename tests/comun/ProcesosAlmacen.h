@@ -3,6 +3,8 @@
 #include <QStringList>
 #include <functional>
 
+struct sqlite3;
+
 // Dos puestos sobre una misma base de datos, en dos procesos: el ejecutable de la prueba (o del
 // banco) se lanza otra vez a sí mismo con ARGUMENTO delante y hace de segundo puesto. Sirve para
 // comprobar que compactar, copiar y restaurar no pierden lo que guarda otro puesto, y que matar el
@@ -23,6 +25,18 @@ int ejecutarPuesto(int argc, char** argv);
 // trabajo) y una tabla Marca con la generación, que distingue una copia de otra.
 void prepararBase(const QString& fichero, int filas, int generacion, quint32 semilla);
 void fijarGeneracion(const QString& fichero, int generacion);
+
+// Otro puesto en mitad de una lectura: tiene la base de datos abierta con un cerrojo compartido.
+class PuestoLeyendo {
+public:
+    explicit PuestoLeyendo(const QString& fichero);
+    ~PuestoLeyendo();
+    PuestoLeyendo(const PuestoLeyendo&) = delete;
+    PuestoLeyendo& operator=(const PuestoLeyendo&) = delete;
+
+private:
+    sqlite3* m_h = nullptr;
+};
 
 // Daña la página raíz de Clientes: el fichero se abre, pero su contenido no es válido.
 void danarClientes(const QString& fichero);
@@ -66,6 +80,7 @@ struct Muertes {
     int diariosPorDeshacer = 0; // muerto con un cambio a medias: el motor lo deshizo al abrir
     int diariosVacios = 0;   // diario del motor ya sin nada que deshacer junto a la base de datos
     int duracionMs = 0;      // duración de la operación sin matarla
+    qint64 bytes = 0;        // tamaño de la base de datos antes de la operación
     QStringList problemas;
 };
 Muertes matarDurante(const QString& ejecutable, Operacion operacion, int rondas, int filas, quint32 semilla);

@@ -16,7 +16,6 @@
 #include <QRadioButton>
 #include <QRegularExpression>
 #include <QtTest>
-#include <sqlite3.h>
 #include <sys/stat.h>
 
 using Mensajes::Respuesta;
@@ -60,20 +59,6 @@ T* hijo(QWidget* f, const char* nombre)
         qFatal("falta el control %s", nombre);
     return w;
 }
-
-// Otro puesto en mitad de una lectura.
-class OtroPuesto {
-public:
-    explicit OtroPuesto(const QString& fichero)
-    {
-        sqlite3_open_v2(fichero.toUtf8().constData(), &m_h, SQLITE_OPEN_READWRITE, nullptr);
-        sqlite3_exec(m_h, "BEGIN; SELECT count(*) FROM Config;", nullptr, nullptr, nullptr);
-    }
-    ~OtroPuesto() { sqlite3_close_v2(m_h); }
-
-private:
-    sqlite3* m_h = nullptr;
-};
 
 }  // namespace
 
@@ -256,7 +241,7 @@ private slots:
         const QString copia = prepararCopia();
         const QByteArray antes = bytes(e().ficheroBD());
         {
-            OtroPuesto otro(e().ficheroBD());
+            PuestoLeyendo otro(e().ficheroBD());
             if (restaurar)
                 hijo<QPushButton>(abrirRestaurar(0, copia), "cmd_RestaurarCopia")->click();
             else
@@ -366,6 +351,7 @@ private slots:
             escribirBytes(copia, contenido);
         const QByteArray antes = bytes(e().ficheroBD());
         const QByteArray iniAntes = bytes(e().ficheroIni());
+        const QByteArray copiaAntes = bytes(copia);
         frmRestaurarCopiaSeguridad* f = abrirRestaurar(0, copia);
         hijo<QPushButton>(f, "cmd_RestaurarCopia")->click();
         QCOMPARE(e().textos(), QStringList{NO_ES_COPIA});
@@ -374,6 +360,8 @@ private slots:
         QCOMPARE(f->focusWidget()->objectName(), QStringLiteral("cmd_Buscar"));
         QCOMPARE(bytes(e().ficheroBD()), antes);
         QCOMPARE(bytes(e().ficheroIni()), iniAntes);
+        QCOMPARE(bytes(copia), copiaAntes);
+        QCOMPARE(ficheros(e().carpetaDatos()), QStringList{QStringLiteral("Usuarios.qst")});
         QCOMPARE(e().entradasLog(), 1);  // anotado sin enseñarlo
         QVERIFY(e().leerLog().contains(QStringLiteral("Procedimiento: cmd_RestaurarCopia_Click")));
     }
