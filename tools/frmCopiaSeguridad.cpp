@@ -82,16 +82,10 @@ void frmCopiaSeguridad::cmd_IniciarCopia_Click()
         const QString ruta = leerRutaBD();
         if (ruta.isEmpty())
             return;
-        BaseDatos::cerrar();
-        try {
-            TrabajoCopia trabajo(this, ui->pb_Barra);
-            Almacen::copiarBaseDatos(ruta + BaseDatos::NOMBRE_FICHERO, carpeta + nombre + QStringLiteral(".mee"), trabajo.latido());
-        } catch (const ErrorPrograma& e) {
-            if (e.numero != ERROR_BD_EN_USO)
-                throw;
-            avisarBaseEnUso(e);
+        if (!trabajarSobreLaBase(this, ui->pb_Barra, [&](const Almacen::Latido& latido) {
+                Almacen::copiarBaseDatos(ruta + BaseDatos::NOMBRE_FICHERO, carpeta + nombre + QStringLiteral(".mee"), latido);
+            }))
             return;
-        }
         Almacen::sustituirFichero(Rutas::ficheroIni(), carpeta + QStringLiteral("inicio.ini.bak"));
         Mensajes::informacion(QStringLiteral("Copia de seguridad realizada correctamente en: ") + carpeta);
     });

@@ -88,25 +88,21 @@ void frmRestaurarCopiaSeguridad::cmd_RestaurarCopia_Click()
         const QString ruta = leerRutaBD();
         if (ruta.isEmpty())
             return;
-        BaseDatos::cerrar();
         const int opcion = opcionElegida();
         const QString vivo = ruta + BaseDatos::NOMBRE_FICHERO;
         try {
-            TrabajoCopia trabajo(this, ui->pb_Barra);
-            if (opcion == 2)
-                Almacen::probarUsoExclusivo(vivo);
-            else
-                Almacen::restaurarBaseDatos(copia, vivo, trabajo.latido());
+            if (!trabajarSobreLaBase(this, ui->pb_Barra, [&](const Almacen::Latido& latido) {
+                    if (opcion == 2)
+                        Almacen::probarUsoExclusivo(vivo);
+                    else
+                        Almacen::restaurarBaseDatos(copia, vivo, latido);
+                }))
+                return;
         } catch (const Almacen::FicheroNoValido& e) {
             // Lo elegido no es una copia de este programa: no se ha tocado nada.
             Mensajes::aviso(e.descripcion);
             escribirLog(e, NOMBRE_PROGRAMA, FORMULARIO, procedimiento, 0, false);
             ui->cmd_Buscar->setFocus();
-            return;
-        } catch (const ErrorPrograma& e) {
-            if (e.numero != ERROR_BD_EN_USO)
-                throw;
-            avisarBaseEnUso(e);
             return;
         }
         // Un fallo aquí deja la base de datos restaurada y el fichero de inicio como estaba.

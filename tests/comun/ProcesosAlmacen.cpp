@@ -71,12 +71,6 @@ int escribir(const QString& fichero, int cuantos, qint64 primera)
     return 0;
 }
 
-QByteArray bytes(const QString& fichero)
-{
-    QFile f(fichero);
-    return f.open(QIODevice::ReadOnly) ? f.read(64) : QByteArray();
-}
-
 QStringList lineas(QProcess& p)
 {
     return QString::fromUtf8(p.readAllStandardOutput()).split(QLatin1Char('\n'), Qt::SkipEmptyParts);
@@ -223,6 +217,19 @@ QString integridad(const QString& fichero)
     return r;
 }
 
+QByteArray contenido(const QString& fichero)
+{
+    QFile f(fichero);
+    return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
+}
+
+void escribirContenido(const QString& fichero, const QByteArray& bytes)
+{
+    QFile f(fichero);
+    if (f.open(QIODevice::WriteOnly | QIODevice::Truncate))
+        f.write(bytes);
+}
+
 QStringList ficheros(const QString& carpeta)
 {
     return QDir(carpeta).entryList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot, QDir::Name);
@@ -350,7 +357,7 @@ Muertes matarDurante(const QString& ejecutable, Operacion operacion, int rondas,
             ++m.muertos;
 
         // Un diario con cabecera es un cambio a medias que el siguiente en abrir deshace.
-        const QByteArray diario = bytes(vivo + QStringLiteral("-journal"));
+        const QByteArray diario = contenido(vivo + QStringLiteral("-journal"));
         if (!diario.isEmpty() && diario.at(0) != 0)
             ++m.diariosPorDeshacer;
         // Lo que deja un proceso muerto se ve como lo verá el siguiente puesto: por el motor.

@@ -87,5 +87,8 @@ Muertes matarDurante(const QString& ejecutable, Operacion operacion, int rondas,
 
 // Ficheros de una carpeta, sin "." ni "..".
 QStringList ficheros(const QString& carpeta);
+// Bytes de un fichero entero ("" si no se puede leer), y un fichero escrito de nuevo con estos bytes.
+QByteArray contenido(const QString& fichero);
+void escribirContenido(const QString& fichero, const QByteArray& bytes);
 
 }  // namespace ProcesosAlmacen

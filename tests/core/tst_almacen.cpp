@@ -23,20 +23,6 @@ const QString NO_ES_COPIA = QStringLiteral(
 const QString COPIA_DANADA = QStringLiteral(
     "La copia de seguridad seleccionada está dañada.\nNo se ha restaurado nada. Por favor, seleccione otra copia de seguridad");
 
-QByteArray bytes(const QString& f)
-{
-    QFile fi(f);
-    fi.open(QIODevice::ReadOnly);
-    return fi.readAll();
-}
-
-void escribirBytes(const QString& f, const QByteArray& b)
-{
-    QFile fi(f);
-    fi.open(QIODevice::WriteOnly | QIODevice::Truncate);
-    fi.write(b);
-}
-
 // Lo que hace que el fichero sea el mismo para los demás puestos.
 struct Identidad {
     ino_t nodo = 0;
@@ -101,7 +87,7 @@ private slots:
                 PuestoLeyendo otro(e.ficheroBD());
                 Almacen::probarUsoExclusivo(e.ficheroBD());
             } else if (caso == QLatin1String("no es")) {
-                escribirBytes(e.ficheroBD(), QByteArray("Listado de clientes exportado a texto\n").repeated(40));
+                escribirContenido(e.ficheroBD(), QByteArray("Listado de clientes exportado a texto\n").repeated(40));
                 BaseDatos::abrir();
             } else if (caso == QLatin1String("danada")) {
                 danarClientes(e.ficheroBD());
@@ -176,33 +162,6 @@ private slots:
         Q_UNUSED(latidos);
     }
 
-    void copiaCompletaYSustituida()
-    {
-        EntornoPrueba e;
-        prepararBase(e.ficheroBD(), 2000, 1, 21);
-        QTemporaryDir destino;
-        const QString mee = destino.filePath(QStringLiteral("PlanorumMirvade - lunes.mee"));
-        Almacen::copiarBaseDatos(e.ficheroBD(), mee);
-        QVERIFY(huella(mee) == huella(e.ficheroBD()));
-        // Una segunda copia con el mismo nombre sustituye a la primera sin preguntar.
-        fijarGeneracion(e.ficheroBD(), 2);
-        Almacen::copiarBaseDatos(e.ficheroBD(), mee);
-        QVERIFY(huella(mee) == huella(e.ficheroBD()));
-        QCOMPARE(ficheros(destino.path()), QStringList{QStringLiteral("PlanorumMirvade - lunes.mee")});
-        QCOMPARE(ficheros(e.carpetaDatos()), QStringList{QStringLiteral("Usuarios.qst")});
-
-        // Una carpeta de destino que no existe: nada a medias, y el motivo en español.
-        try {
-            Almacen::copiarBaseDatos(e.ficheroBD(), destino.filePath(QStringLiteral("no/existe.mee")));
-            QFAIL("debía fallar");
-        } catch (const ErrorPrograma& err) {
-            QCOMPARE(err.descripcion, QStringLiteral("No se puede crear el fichero en la carpeta ")
-                                          + QDir::toNativeSeparators(destino.filePath(QStringLiteral("no")))
-                                          + QStringLiteral(".\nCompruebe que la carpeta existe y que tiene permiso para escribir en ella"));
-        }
-        QCOMPARE(ficheros(destino.path()), QStringList{QStringLiteral("PlanorumMirvade - lunes.mee")});
-    }
-
     // Lo que no es una copia de este programa se rechaza antes de tocar nada (el texto, el fichero
     // vacío y la base de otro programa se prueban desde la pantalla, en tst_copia).
     void copiaNoValida_data()
@@ -239,16 +198,16 @@ private slots:
         } else if (caso == QLatin1String("propia")) {
             copia = e.ficheroBD();
         }
-        const QByteArray copiaAntes = bytes(copia);
-        const QByteArray antes = bytes(e.ficheroBD());
+        const QByteArray copiaAntes = contenido(copia);
+        const QByteArray antes = contenido(e.ficheroBD());
         try {
             Almacen::restaurarBaseDatos(copia, e.ficheroBD());
             QFAIL("debía rechazarse");
         } catch (const Almacen::FicheroNoValido& err) {
             QCOMPARE(err.descripcion, texto);
         }
-        QCOMPARE(bytes(e.ficheroBD()), antes);
-        QCOMPARE(bytes(copia), copiaAntes);
+        QCOMPARE(contenido(e.ficheroBD()), antes);
+        QCOMPARE(contenido(copia), copiaAntes);
         QCOMPARE(ficheros(e.carpetaDatos()), QStringList{QStringLiteral("Usuarios.qst")});
         Almacen::probarUsoExclusivo(e.ficheroBD());  // no queda ningún cerrojo
     }
@@ -363,7 +322,7 @@ private slots:
     // sigue entero en su codificación (o pasa entero a UTF-8 si el valor no cabe en ella).
     void ini_codificaciones_data()
     {
-        QTest::addColumn<QByteArray>("contenido");
+        QTest::addColumn<QByteArray>("original");
         QTest::addColumn<QString>("valor");      // valor nuevo de [Opciones] copia
         QTest::addColumn<QByteArray>("esperado");
         const QString texto = QStringLiteral("[BD]\r\nruta=/srv/Diseño/datos\r\n[Opciones]\r\ninicio=1\r\ncopia=0\r\n");
@@ -388,16 +347,16 @@ private slots:
 
     void ini_codificaciones()
     {
-        QFETCH(QByteArray, contenido);
+        QFETCH(QByteArray, original);
         QFETCH(QString, valor);
         QFETCH(QByteArray, esperado);
         EntornoPrueba e(false);
-        escribirBytes(e.ficheroIni(), contenido);
+        escribirContenido(e.ficheroIni(), original);
         QCOMPARE(leerIni(e.ficheroIni(), QStringLiteral("bd"), QStringLiteral("RUTA")), QStringLiteral("/srv/Diseño/datos"));
         // Una ruta sin separador final se acepta: se le añade.
         QCOMPARE(leerRutaBD(), QStringLiteral("/srv/Diseño/datos") + QDir::separator());
         QVERIFY(escribirAjuste(QStringLiteral("opciones"), QStringLiteral("copia"), valor));
-        QCOMPARE(bytes(e.ficheroIni()), esperado);
+        QCOMPARE(contenido(e.ficheroIni()), esperado);
         QCOMPARE(leerAjuste(QStringLiteral("Opciones"), QStringLiteral("copia")), valor);
     }
 };

@@ -30,20 +30,6 @@ const QString NO_ES_COPIA = QStringLiteral(
     "El fichero seleccionado no es una copia de seguridad de este programa.\nNo se ha restaurado nada. Por favor, seleccione otra copia de seguridad");
 const QString INI_COPIA = QStringLiteral("[BD]\r\nruta=%1\r\n[Opciones]\r\ninicio=1\r\ncopia=1\r\n[Prueba]\r\norigen=copia\r\n");
 
-QByteArray bytes(const QString& f)
-{
-    QFile fi(f);
-    fi.open(QIODevice::ReadOnly);
-    return fi.readAll();
-}
-
-void escribirBytes(const QString& f, const QByteArray& b)
-{
-    QFile fi(f);
-    fi.open(QIODevice::WriteOnly | QIODevice::Truncate);
-    fi.write(b);
-}
-
 ino_t nodo(const QString& f)
 {
     struct stat s {};
@@ -95,7 +81,7 @@ class tst_copia : public QObject {
         const QString copia = destino() + QStringLiteral("copia.mee");
         prepararBase(copia, 300, 7, 3);
         if (conAjustes)
-            escribirBytes(destino() + QStringLiteral("inicio.ini.bak"), INI_COPIA.arg(e().carpetaDatos()).toUtf8());
+            escribirContenido(destino() + QStringLiteral("inicio.ini.bak"), INI_COPIA.arg(e().carpetaDatos()).toUtf8());
         return copia;
     }
 
@@ -173,7 +159,7 @@ private slots:
             QVERIFY(huella(mee) == huella(e().ficheroBD()));
             QCOMPARE(huella(mee).filas, vez);
         }
-        QCOMPARE(bytes(destino() + QStringLiteral("inicio.ini.bak")), bytes(e().ficheroIni()));
+        QCOMPARE(contenido(destino() + QStringLiteral("inicio.ini.bak")), contenido(e().ficheroIni()));
         QCOMPARE(ficheros(m_destino.path()), (QStringList{nombre + QStringLiteral(".mee"), QStringLiteral("inicio.ini.bak")}));
         QVERIFY(Pantallas::cargada<frmCopiaSeguridad>());  // la pantalla sigue abierta
     }
@@ -239,7 +225,7 @@ private slots:
     {
         QFETCH(bool, restaurar);
         const QString copia = prepararCopia();
-        const QByteArray antes = bytes(e().ficheroBD());
+        const QByteArray antes = contenido(e().ficheroBD());
         {
             PuestoLeyendo otro(e().ficheroBD());
             if (restaurar)
@@ -254,8 +240,8 @@ private slots:
         QVERIFY(log.contains(QStringLiteral("Formulario: frmRestaurarCopiaSeguridad\r\nProcedimiento: cmd_RestaurarCopia_Click\r\n")));
         QVERIFY(log.contains(QStringLiteral("Número: -2147467259\r\n")));
         QVERIFY(log.contains(QStringLiteral("[database is locked]")));
-        QCOMPARE(bytes(e().ficheroBD()), antes);
-        QCOMPARE(bytes(e().ficheroIni()), QByteArray(QStringLiteral("[BD]\r\nruta=%1\r\n[Opciones]\r\ninicio=1\r\ncopia=0\r\n").arg(e().carpetaDatos()).toUtf8()));
+        QCOMPARE(contenido(e().ficheroBD()), antes);
+        QCOMPARE(contenido(e().ficheroIni()), QByteArray(QStringLiteral("[BD]\r\nruta=%1\r\n[Opciones]\r\ninicio=1\r\ncopia=0\r\n").arg(e().carpetaDatos()).toUtf8()));
         QCOMPARE(ficheros(m_destino.path()), (QStringList{QStringLiteral("copia.mee"), QStringLiteral("inicio.ini.bak")}));
     }
 
@@ -315,14 +301,14 @@ private slots:
         QFETCH(bool, ajustes);
         const QString copia = prepararCopia();
         const Huella antes = huella(e().ficheroBD());
-        const QByteArray iniAntes = bytes(e().ficheroIni());
+        const QByteArray iniAntes = contenido(e().ficheroIni());
         const ino_t fichero = nodo(e().ficheroBD());
         hijo<QPushButton>(abrirRestaurar(opcion, copia), "cmd_RestaurarCopia")->click();
         QCOMPARE(e().textos(), QStringList{QStringLiteral("Copia de seguridad restaurada correctamente")});
         QCOMPARE(e().cuadros[0].titulo, QStringLiteral("Información"));
         QVERIFY(huella(e().ficheroBD()) == (base ? huella(copia) : antes));
         QCOMPARE(nodo(e().ficheroBD()), fichero);
-        QCOMPARE(bytes(e().ficheroIni()), ajustes ? INI_COPIA.arg(e().carpetaDatos()).toUtf8() : iniAntes);
+        QCOMPARE(contenido(e().ficheroIni()), ajustes ? INI_COPIA.arg(e().carpetaDatos()).toUtf8() : iniAntes);
         QCOMPARE(ficheros(e().carpetaDatos()), QStringList{QStringLiteral("Usuarios.qst")});
         QCOMPARE(ficheros(e().directorio()), (QStringList{QStringLiteral("Contratos"), QStringLiteral("Documentos"), QStringLiteral("Excel"),
                                                          QStringLiteral("Logs"), QStringLiteral("ayuda"), QStringLiteral("datos"),
@@ -334,7 +320,7 @@ private slots:
     // el fichero de inicio aunque se pidiera restaurarlo.
     void restaurarLoQueNoEsUnaCopia_data()
     {
-        QTest::addColumn<QByteArray>("contenido");
+        QTest::addColumn<QByteArray>("bytesCopia");
         QTest::newRow("fichero de texto") << QByteArray("Presupuesto de la reforma\r\nTotal: 12.000,00\r\n");
         QTest::newRow("fichero vacío") << QByteArray();
         QTest::newRow("base de datos de otro programa") << QByteArray("otro");
@@ -342,25 +328,25 @@ private slots:
 
     void restaurarLoQueNoEsUnaCopia()
     {
-        QFETCH(QByteArray, contenido);
+        QFETCH(QByteArray, bytesCopia);
         prepararCopia();
         const QString copia = destino() + QStringLiteral("otra.mee");
-        if (contenido == "otro")
+        if (bytesCopia == "otro")
             QProcess::execute(QStringLiteral("sqlite3"), {copia, QStringLiteral("CREATE TABLE Pedidos (n, cliente); INSERT INTO Pedidos VALUES (1, 'x');")});
         else
-            escribirBytes(copia, contenido);
-        const QByteArray antes = bytes(e().ficheroBD());
-        const QByteArray iniAntes = bytes(e().ficheroIni());
-        const QByteArray copiaAntes = bytes(copia);
+            escribirContenido(copia, bytesCopia);
+        const QByteArray antes = contenido(e().ficheroBD());
+        const QByteArray iniAntes = contenido(e().ficheroIni());
+        const QByteArray copiaAntes = contenido(copia);
         frmRestaurarCopiaSeguridad* f = abrirRestaurar(0, copia);
         hijo<QPushButton>(f, "cmd_RestaurarCopia")->click();
         QCOMPARE(e().textos(), QStringList{NO_ES_COPIA});
         QCOMPARE(e().cuadros[0].titulo, QStringLiteral("Aviso"));
         QCOMPARE(e().cuadros[0].icono, Mensajes::Icono::Exclamacion);
         QCOMPARE(f->focusWidget()->objectName(), QStringLiteral("cmd_Buscar"));
-        QCOMPARE(bytes(e().ficheroBD()), antes);
-        QCOMPARE(bytes(e().ficheroIni()), iniAntes);
-        QCOMPARE(bytes(copia), copiaAntes);
+        QCOMPARE(contenido(e().ficheroBD()), antes);
+        QCOMPARE(contenido(e().ficheroIni()), iniAntes);
+        QCOMPARE(contenido(copia), copiaAntes);
         QCOMPARE(ficheros(e().carpetaDatos()), QStringList{QStringLiteral("Usuarios.qst")});
         QCOMPARE(e().entradasLog(), 1);  // anotado sin enseñarlo
         QVERIFY(e().leerLog().contains(QStringLiteral("Procedimiento: cmd_RestaurarCopia_Click")));
@@ -370,14 +356,14 @@ private slots:
     void restaurarAjustesSinSuCopia()
     {
         const QString copia = prepararCopia(false);
-        const QByteArray iniAntes = bytes(e().ficheroIni());
+        const QByteArray iniAntes = contenido(e().ficheroIni());
         hijo<QPushButton>(abrirRestaurar(2, copia), "cmd_RestaurarCopia")->click();
         QCOMPARE(e().cuadros.size(), 1);
         QCOMPARE(e().cuadros[0].icono, Mensajes::Icono::Ninguno);
         QVERIFY(e().cuadros[0].texto.contains(QStringLiteral("Formulario: frmRestaurarCopiaSeguridad\r\nProcedimiento: cmd_RestaurarCopia_Click")));
         QVERIFY(e().cuadros[0].texto.contains(QStringLiteral("Descripción: No se encuentra el fichero ") + destino()
                                               + QStringLiteral("inicio.ini.bak\r\n")));
-        QCOMPARE(bytes(e().ficheroIni()), iniAntes);
+        QCOMPARE(contenido(e().ficheroIni()), iniAntes);
         QCOMPARE(e().entradasLog(), 1);
     }
 
