@@ -1,9 +1,9 @@
 #include "app/frmInicio.h"
 
 #include "app/Aplicacion.h"
-#include "core/Compactacion.h"
 #include "app/frmAyudaSeleccionBD.h"
 #include "app/frmMenu.h"
+#include "core/Almacen.h"
 #include "core/Iconos.h"
 #include "core/modFunciones.h"
 #include "core/Programa.h"
@@ -75,9 +75,11 @@ void frmInicio::Form_Load()
         return;
     }
 
-    // 9-16: la fila de Config con sus tipos, y la conexión cerrada para poder compactar.
+    // 9-16: el fichero ha de ser una base de datos de este programa (la misma comprobación que al
+    // restaurar una copia), la fila de Config con sus tipos, y la conexión cerrada para compactar.
     const bool bien = guardia(FORMULARIO, QStringLiteral("Form_Load"), [&] {
         BaseDatos::construirCadenaConexion();
+        Almacen::comprobarBaseDatos(BaseDatos::ficheroBD(), Almacen::Uso::BaseViva);
         UsoConexion uso;
         valoresPorDefectoTipos();
         fijarBarra(m_progreso + 10);
@@ -102,7 +104,7 @@ void frmInicio::comprobarBD()
             lanzarError(13, QStringLiteral("No coinciden los tipos"));
         pasoBarra();
         if (valor != 0) {
-            rutaBD = leerAjuste(QStringLiteral("BD"), QStringLiteral("ruta"));
+            rutaBD = leerRutaBD();
         } else {
             frmAyudaSeleccionBD asistente;
             asistente.exec();
@@ -164,10 +166,15 @@ void frmInicio::valoresPorDefectoTipos()
 void frmInicio::compactarBD()
 {
     const QString procedimiento = QStringLiteral("compactarBD");
+    QApplication::setOverrideCursor(Qt::WaitCursor);
     try {
         BaseDatos::cerrar();
-        Compactacion::compactar(rutaBD, [this](int valor) { fijarBarra(valor); });
+        // La pantalla se repinta mientras el motor trabaja; lo que teclee o pulse el usuario espera.
+        Almacen::compactar(rutaBD, [this](int valor) { fijarBarra(valor); },
+                           [](int) { QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents); });
+        QApplication::restoreOverrideCursor();
     } catch (...) {
+        QApplication::restoreOverrideCursor();
         const ErrorPrograma e = errorDesdeExcepcion(std::current_exception());
         if (e.numero == ERROR_BD_EN_USO) {
             escribirLog(e, NOMBRE_PROGRAMA + QStringLiteral(" - [No se ha podido realizar la compactación al estar la base de datos abierta por otro usuario]"),
@@ -180,8 +187,12 @@ void frmInicio::compactarBD()
 
 void frmInicio::tmr_1_Timer()
 {
-    compactarBD();
+    // Se para antes de compactar: mientras el motor trabaja se atienden los eventos pendientes y
+    // el temporizador no debe volver a saltar.
+    if (!tmr_1.isActive())
+        return;
     tmr_1.stop();
+    compactarBD();
     fijarBarra(100);
     hide();
     deleteLater();

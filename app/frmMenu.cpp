@@ -11,6 +11,7 @@
 #include "forms/AbrirImpreso.h"
 #include "search/AbrirBusqueda.h"
 #include "tools/frmCopiaSeguridad.h"
+#include "tools/frmRestaurarCopiaSeguridad.h"
 #include "ui_frmMenu.h"
 
 #include <QCloseEvent>
@@ -154,8 +155,8 @@ void frmMenu::habilitarEntradas()
                        ui->mnu_ComunicadoDireccionCoordinador, ui->mnu_Certificado})
         a->setEnabled(pantallaImpresoExiste(a->objectName()));
     ui->mnu_Configuracion->setEnabled(frmConfiguracion::disponible());
-    ui->mnu_RealizarCopia->setEnabled(frmCopiaSeguridad::disponible());
-    ui->mnu_RestaurarCopia->setEnabled(frmCopiaSeguridad::disponible());
+    ui->mnu_RealizarCopia->setEnabled(true);
+    ui->mnu_RestaurarCopia->setEnabled(true);
     ui->mnu_Contrato->setEnabled(false);
     ui->mnu_Editor->setEnabled(false);
 }
@@ -189,7 +190,7 @@ void frmMenu::mnu_RestaurarCopia_Click()
 {
     guardia(FORMULARIO, QStringLiteral("mnu_RestaurarCopia_Click"), [&] {
         Mensajes::informacion(AVISO_CERRAR + QStringLiteral("antes de proceder a restaurar la copia de seguridad"));
-        frmCopiaSeguridad::abrirRestaurar();
+        frmRestaurarCopiaSeguridad::abrir();
     });
 }
 

@@ -68,7 +68,11 @@ sqlite3* motor(const QSqlDatabase& db)
 
 void registrarFunciones(QSqlDatabase& db)
 {
-    sqlite3* h = motor(db);
+    registrarFunciones(motor(db));
+}
+
+void registrarFunciones(sqlite3* h)
+{
     sqlite3_create_collation(h, "ES", SQLITE_UTF8, nullptr, cotejoES);
     const int opciones = SQLITE_UTF8 | SQLITE_DETERMINISTIC;
     sqlite3_create_function(h, "like", 2, opciones, nullptr, funcionLike, nullptr, nullptr);
@@ -77,19 +81,61 @@ void registrarFunciones(QSqlDatabase& db)
     sqlite3_create_function(h, "upper", 1, opciones, nullptr, funcionMayusculas, nullptr, nullptr);
 }
 
+ErrorPrograma errorDeMotor(int codigo, const QString& textoMotor)
+{
+    const QString salto = QStringLiteral("\n");
+    qint64 numero = codigo;
+    QString texto;
+    switch (codigo & 0xFF) {
+    case SQLITE_BUSY:
+    case SQLITE_LOCKED:
+        numero = ERROR_BD_EN_USO;
+        texto = QStringLiteral("La base de datos está siendo usada por otro puesto de trabajo.") + salto
+                + QStringLiteral("Espere a que quede libre e inténtelo de nuevo");
+        break;
+    case SQLITE_READONLY:
+        texto = QStringLiteral("No se puede escribir en la base de datos: el fichero o su carpeta son de sólo lectura.") + salto
+                + QStringLiteral("Pida permiso de escritura a quien administre el equipo o la red");
+        break;
+    case SQLITE_FULL:
+        texto = QStringLiteral("No queda espacio libre en el disco.") + salto + QStringLiteral("Libere espacio e inténtelo de nuevo");
+        break;
+    case SQLITE_IOERR:
+        texto = QStringLiteral("Se ha producido un error de lectura o escritura en el disco.") + salto
+                + QStringLiteral("Compruebe el disco o la conexión con la carpeta de red e inténtelo de nuevo");
+        break;
+    case SQLITE_CORRUPT:
+        texto = QStringLiteral("La base de datos está dañada.") + salto
+                + QStringLiteral("Restaure la última copia de seguridad");
+        break;
+    case SQLITE_NOTADB:
+        texto = QStringLiteral("El fichero no es una base de datos de este programa.") + salto
+                + QStringLiteral("Compruebe la ubicación de la base de datos");
+        break;
+    case SQLITE_CANTOPEN:
+    case SQLITE_PERM:
+        texto = QStringLiteral("No se puede abrir el fichero de la base de datos.") + salto
+                + QStringLiteral("Compruebe que existe y que tiene permiso para usarlo");
+        break;
+    default:
+        // Una sentencia mal escrita es un fallo del programa: se enseña tal cual.
+        return ErrorPrograma(codigo, textoMotor);
+    }
+    ErrorPrograma e(numero, texto);
+    e.textoMotor = textoMotor;
+    return e;
+}
+
 ErrorPrograma errorDe(const QSqlError& e)
 {
+    QString texto = e.databaseText();
+    if (texto.isEmpty())
+        texto = e.text();
     bool ok = false;
-    qint64 numero = e.nativeErrorCode().toLongLong(&ok);
+    const int codigo = e.nativeErrorCode().toInt(&ok);
     if (!ok)
-        numero = -1;
-    const int primario = static_cast<int>(numero & 0xFF);
-    if (primario == SQLITE_BUSY || primario == SQLITE_LOCKED)
-        numero = ERROR_BD_EN_USO;
-    QString descripcion = e.databaseText();
-    if (descripcion.isEmpty())
-        descripcion = e.text();
-    return ErrorPrograma(numero, descripcion);
+        return ErrorPrograma(-1, texto);
+    return errorDeMotor(codigo, texto);
 }
 
 QString ficheroBD() { return rutaBD + NOMBRE_FICHERO; }

@@ -32,8 +32,13 @@ void cerrar();
 // Abre una conexión propia (informes, pruebas) con las mismas funciones registradas.
 QSqlDatabase abrirConexion(const QString& nombre, const QString& fichero, bool soloLectura = false);
 void registrarFunciones(QSqlDatabase& db);  // cotejo ES, LIKE, UCASE y UPPER en español
+void registrarFunciones(sqlite3* h);
 
+// Fallo del motor como lo ve el usuario: los fallos del almacenamiento (en uso, dañada, no es una
+// base de datos, sólo lectura, disco lleno, lectura o escritura, no se abre) llevan su texto en
+// español y el del motor aparte, sólo para el registro. "En uso" lleva el número ERROR_BD_EN_USO.
 ErrorPrograma errorDe(const QSqlError& e);
+ErrorPrograma errorDeMotor(int codigo, const QString& textoMotor);
 
 // El motor que hay debajo de una conexión abierta (lecturas masivas, copias del fichero).
 // Lanza ErrorPrograma si la conexión no es del motor.

@@ -8,6 +8,8 @@ struct ErrorPrograma : std::exception {
     qint64 numero = 0;
     QString descripcion;
     int linea = 0;
+    // Texto original del motor de la base de datos (en inglés): va al registro, nunca al usuario.
+    QString textoMotor;
 
     ErrorPrograma() = default;
     ErrorPrograma(qint64 n, QString d, int l = 0) : numero(n), descripcion(std::move(d)), linea(l) {}

@@ -4,15 +4,75 @@
 
 #include <QFile>
 #include <QSaveFile>
+#include <QStringDecoder>
+#include <QStringEncoder>
 #include <QStringList>
 
 namespace {
+
+// Codificación en que llegó el fichero; se escribe en la misma para no mezclar dos en un fichero.
+// Un editor de textos puede guardarlo como UTF-16 (con marca) o en la página de códigos occidental.
+enum class Codificacion { Utf8, Utf8ConMarca, Utf16LE, Utf16BE, Latin1 };
 
 struct Contenido {
     QStringList lineas;
     QString finLinea = QStringLiteral("\r\n");
     bool finalConSalto = true;
+    Codificacion codificacion = Codificacion::Utf8;
 };
+
+Codificacion detectar(const QByteArray& b)
+{
+    if (b.startsWith("\xEF\xBB\xBF"))
+        return Codificacion::Utf8ConMarca;
+    if (b.startsWith("\xFF\xFE"))
+        return Codificacion::Utf16LE;
+    if (b.startsWith("\xFE\xFF"))
+        return Codificacion::Utf16BE;
+    // UTF-16 sin marca: texto latino con un byte nulo en cada carácter.
+    if (b.size() >= 4 && b.size() % 2 == 0) {
+        if (b[0] != 0 && b[1] == 0 && b[2] != 0 && b[3] == 0)
+            return Codificacion::Utf16LE;
+        if (b[0] == 0 && b[1] != 0 && b[2] == 0 && b[3] != 0)
+            return Codificacion::Utf16BE;
+    }
+    QStringDecoder utf8(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);
+    const QString prueba = utf8(b);
+    return utf8.hasError() ? Codificacion::Latin1 : Codificacion::Utf8;
+}
+
+QString decodificar(const QByteArray& b, Codificacion c)
+{
+    QString texto;
+    switch (c) {
+    case Codificacion::Utf8:
+    case Codificacion::Utf8ConMarca: texto = QString::fromUtf8(b); break;
+    case Codificacion::Utf16LE: texto = QStringDecoder(QStringDecoder::Utf16LE).decode(b); break;
+    case Codificacion::Utf16BE: texto = QStringDecoder(QStringDecoder::Utf16BE).decode(b); break;
+    case Codificacion::Latin1: texto = QString::fromLatin1(b); break;
+    }
+    if (texto.startsWith(QChar(0xFEFF)))
+        texto.remove(0, 1);
+    return texto;
+}
+
+QByteArray codificar(const QString& texto, Codificacion c)
+{
+    switch (c) {
+    case Codificacion::Utf8ConMarca: return QByteArray("\xEF\xBB\xBF") + texto.toUtf8();
+    case Codificacion::Utf16LE: return QStringEncoder(QStringEncoder::Utf16LE, QStringEncoder::Flag::WriteBom).encode(texto);
+    case Codificacion::Utf16BE: return QStringEncoder(QStringEncoder::Utf16BE, QStringEncoder::Flag::WriteBom).encode(texto);
+    case Codificacion::Latin1: {
+        // Un valor que no cabe en la página de códigos pasa el fichero entero a UTF-8.
+        for (const QChar ch : texto)
+            if (ch.unicode() > 0xFF)
+                return texto.toUtf8();
+        return texto.toLatin1();
+    }
+    case Codificacion::Utf8: break;
+    }
+    return texto.toUtf8();
+}
 
 Contenido leerFichero(const QString& fichero, bool* existe)
 {
@@ -21,9 +81,9 @@ Contenido leerFichero(const QString& fichero, bool* existe)
     *existe = f.open(QIODevice::ReadOnly);
     if (!*existe)
         return c;
-    QString texto = QString::fromUtf8(f.readAll());
-    if (texto.startsWith(QChar(0xFEFF)))
-        texto.remove(0, 1);
+    const QByteArray bytes = f.readAll();
+    c.codificacion = detectar(bytes);
+    QString texto = decodificar(bytes, c.codificacion);
     if (!texto.contains(QStringLiteral("\r\n")) && texto.contains(QLatin1Char('\n')))
         c.finLinea = QStringLiteral("\n");
     texto.replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
@@ -133,7 +193,7 @@ bool escribirIni(const QString& fichero, const QString& seccion, const QString& 
     QString texto = c.lineas.join(c.finLinea);
     if (c.finalConSalto || !existe)
         texto += c.finLinea;
-    f.write(texto.toUtf8());
+    f.write(codificar(texto, c.codificacion));
     return f.commit();
 }
 
@@ -145,4 +205,10 @@ QString leerAjuste(const QString& seccion, const QString& clave)
 bool escribirAjuste(const QString& seccion, const QString& clave, const QString& valor)
 {
     return escribirIni(Rutas::ficheroIni(), seccion, clave, valor);
+}
+
+QString leerRutaBD()
+{
+    const QString ruta = leerAjuste(QStringLiteral("BD"), QStringLiteral("ruta")).trimmed();
+    return ruta.isEmpty() ? ruta : Rutas::conSeparadorFinal(ruta);
 }

@@ -14,3 +14,7 @@ bool escribirIni(const QString& fichero, const QString& seccion, const QString& 
 // Atajos sobre el inicio.ini del programa.
 QString leerAjuste(const QString& seccion, const QString& clave);
 bool escribirAjuste(const QString& seccion, const QString& clave, const QString& valor);
+
+// Carpeta de la base de datos guardada en [BD] ruta, con el separador de la plataforma y siempre
+// con separador final (se añade si falta); "" si no hay ninguna.
+QString leerRutaBD();

@@ -12,12 +12,13 @@ namespace {
 const QString ASTERISCOS(70, QLatin1Char('*'));
 const QString FIN = QStringLiteral("\r\n");
 QString ficheroInutilizable;  // registro que ya falló: no se vuelve a intentar
-}
 
-QString textoEntradaLog(const ErrorPrograma& error, const QString& comentario, const QString& formulario,
-                        const QString& procedimiento, int linea)
+QString entrada(const ErrorPrograma& error, const QString& comentario, const QString& formulario, const QString& procedimiento,
+                int linea, bool conTextoMotor, const QDateTime& ahora)
 {
-    const QDateTime ahora = QDateTime::currentDateTime();
+    QString descripcion = error.descripcion;
+    if (conTextoMotor && !error.textoMotor.isEmpty() && error.textoMotor != descripcion)
+        descripcion += QStringLiteral(" [") + error.textoMotor + QLatin1Char(']');
     QString t;
     t += ASTERISCOS + FIN;
     t += QStringLiteral("Se ha producido el siguiente error: ") + FIN;
@@ -26,18 +27,26 @@ QString textoEntradaLog(const ErrorPrograma& error, const QString& comentario, c
     t += QStringLiteral("Procedimiento: ") + procedimiento + FIN;
     t += QStringLiteral("Linea: ") + QString::number(linea) + FIN;
     t += QStringLiteral("Número: ") + QString::number(error.numero) + FIN;
-    t += QStringLiteral("Descripción: ") + error.descripcion + FIN;
+    t += QStringLiteral("Descripción: ") + descripcion + FIN;
     t += QStringLiteral("Día: ") + ahora.toString(QStringLiteral("dd/MM/yyyy")) + FIN;
     t += QStringLiteral("Hora: ") + ahora.toString(QStringLiteral("H:mm:ss")) + FIN;
     t += QStringLiteral("Comentario: ") + comentario + FIN;
     t += ASTERISCOS + FIN;
     return t;
 }
+}  // namespace
+
+QString textoEntradaLog(const ErrorPrograma& error, const QString& comentario, const QString& formulario,
+                        const QString& procedimiento, int linea, bool conTextoMotor)
+{
+    return entrada(error, comentario, formulario, procedimiento, linea, conTextoMotor, QDateTime::currentDateTime());
+}
 
 void escribirLog(const ErrorPrograma& error, const QString& comentario, const QString& formulario,
                  const QString& procedimiento, int linea, bool mostrar)
 {
-    const QString entrada = textoEntradaLog(error, comentario, formulario, procedimiento, linea);
+    const QDateTime ahora = QDateTime::currentDateTime();
+    const QString texto = entrada(error, comentario, formulario, procedimiento, linea, true, ahora);
     const QString fichero = Rutas::ficheroLog();
 
     if (fichero != ficheroInutilizable) {
@@ -46,7 +55,7 @@ void escribirLog(const ErrorPrograma& error, const QString& comentario, const QS
         const bool anadir = info.exists() && info.size() <= LOG_TAMANO_MAXIMO;
         const QIODevice::OpenMode modo =
             anadir ? (QIODevice::WriteOnly | QIODevice::Append) : (QIODevice::WriteOnly | QIODevice::Truncate);
-        if (!f.open(modo) || f.write((entrada + FIN).toUtf8()) < 0) {
+        if (!f.open(modo) || f.write((texto + FIN).toUtf8()) < 0) {
             // Sin carpeta de registro no se insiste: se avisa una vez y el programa sigue.
             ficheroInutilizable = fichero;
             Mensajes::aviso(QStringLiteral("No se ha podido escribir en el registro de errores (")
@@ -55,5 +64,5 @@ void escribirLog(const ErrorPrograma& error, const QString& comentario, const QS
         }
     }
     if (mostrar)
-        Mensajes::mostrarEntradaLog(entrada);
+        Mensajes::mostrarEntradaLog(entrada(error, comentario, formulario, procedimiento, linea, false, ahora));
 }

@@ -9,5 +9,6 @@ void escribirLog(const ErrorPrograma& error, const QString& comentario, const QS
                  const QString& procedimiento, int linea, bool mostrar);
 
 // Texto de una entrada tal como se escribe en el fichero (sin el salto final que la separa).
+// El texto del motor sólo va en la del fichero: al usuario se le enseña la descripción en español.
 QString textoEntradaLog(const ErrorPrograma& error, const QString& comentario, const QString& formulario,
-                        const QString& procedimiento, int linea);
+                        const QString& procedimiento, int linea, bool conTextoMotor = true);

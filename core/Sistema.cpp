@@ -17,6 +17,11 @@ ElectorCarpeta& elector()
     static ElectorCarpeta e;
     return e;
 }
+ElectorFichero& electorFichero()
+{
+    static ElectorFichero e;
+    return e;
+}
 Abridor& abridor()
 {
     static Abridor a;
@@ -33,6 +38,16 @@ QString elegirCarpeta(const QString& titulo)
     const QString d = QFileDialog::getExistingDirectory(Pantallas::ventanaPrincipal(), titulo, QString(),
                                                         QFileDialog::ShowDirsOnly);
     return QDir::toNativeSeparators(d);
+}
+
+void instalarElectorFichero(ElectorFichero e) { electorFichero() = std::move(e); }
+
+QString elegirFichero(const QString& titulo, const QString& filtro)
+{
+    if (electorFichero())
+        return electorFichero()(titulo, filtro);
+    const QString f = QFileDialog::getOpenFileName(Pantallas::ventanaPrincipal(), titulo, QString(), filtro);
+    return QDir::toNativeSeparators(f);
 }
 
 void instalarAbridor(Abridor a) { abridor() = std::move(a); }

@@ -2,7 +2,7 @@
 #include <QString>
 #include <functional>
 
-// Lo que el programa pide al sistema: elegir una carpeta, abrir un fichero con su programa
+// Lo que el programa pide al sistema: elegir una carpeta o un fichero, abrir un fichero con su programa
 // asociado, la carpeta de documentos. Las pruebas sustituyen cada cosa por un contestador.
 namespace Sistema {
 
@@ -10,6 +10,12 @@ using ElectorCarpeta = std::function<QString(const QString& titulo)>;
 void instalarElectorCarpeta(ElectorCarpeta e);
 // Carpeta elegida (sin separador final), o "" si el usuario cancela.
 QString elegirCarpeta(const QString& titulo);
+
+using ElectorFichero = std::function<QString(const QString& titulo, const QString& filtro)>;
+void instalarElectorFichero(ElectorFichero e);
+// Fichero existente elegido para abrir, o "" si el usuario cancela. El filtro va al estilo de Qt:
+// "Copia de seguridad (*.mee)".
+QString elegirFichero(const QString& titulo, const QString& filtro);
 
 // Resultado al estilo de la orden "abrir" del sistema: mayor que 32 si se ha abierto,
 // 2 si el fichero no existe, 31 si no hay programa asociado a su tipo.

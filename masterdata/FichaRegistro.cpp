@@ -81,9 +81,12 @@ void FichaRegistro::cmd_Guardar_Click()
                 actualizarCopiasExternas();
             t.confirmar();
         } catch (const ErrorPrograma& e) {
-            if (e.numero == ERROR_BD_EN_USO)
-                throw ErrorPrograma(e.numero, TEXTO_BD_OCUPADA, e.linea);
-            throw;
+            if (e.numero != ERROR_BD_EN_USO)
+                throw;
+            // El texto del motor sigue yendo al registro.
+            ErrorPrograma ocupada(e.numero, TEXTO_BD_OCUPADA, e.linea);
+            ocupada.textoMotor = e.textoMotor;
+            throw ocupada;
         }
         tomarCopia();
         RegistroGuardado r = registroGuardado();

@@ -34,6 +34,11 @@ EntornoPrueba::EntornoPrueba(bool conIni, bool conBaseDatos)
         titulosCarpeta << titulo;
         return carpetas.isEmpty() ? QString() : carpetas.takeFirst();
     });
+    Sistema::instalarElectorFichero([this](const QString& titulo, const QString& filtro) {
+        titulosFichero << titulo;
+        filtrosFichero << filtro;
+        return ficheros.isEmpty() ? QString() : ficheros.takeFirst();
+    });
     Sistema::instalarAbridor([this](const QString& ruta) {
         abiertos << ruta;
         return resultadoAbrir;
@@ -46,6 +51,7 @@ EntornoPrueba::~EntornoPrueba()
     transaccionEnCurso = false;
     Mensajes::instalarContestador({});
     Sistema::instalarElectorCarpeta({});
+    Sistema::instalarElectorFichero({});
     Sistema::instalarAbridor({});
 }
 

@@ -6,7 +6,7 @@
 
 // Directorio de programa temporal para una prueba: carpetas de la instalación, una copia nueva
 // de la base de datos entregada en datos/, inicio.ini apuntando a ella, y contestadores de los
-// cuadros de mensaje, del diálogo de carpetas y de la apertura de documentos.
+// cuadros de mensaje, de los diálogos de carpetas y de ficheros y de la apertura de documentos.
 class EntornoPrueba {
 public:
     explicit EntornoPrueba(bool conIni = true, bool conBaseDatos = true);
@@ -31,6 +31,10 @@ public:
     // Diálogo de carpetas: respuestas en orden ("" es cancelar); títulos pedidos.
     QStringList carpetas;
     QStringList titulosCarpeta;
+    // Diálogo de abrir fichero: respuestas en orden ("" es cancelar); títulos y filtros pedidos.
+    QStringList ficheros;
+    QStringList titulosFichero;
+    QStringList filtrosFichero;
     // Apertura de documentos: resultado a devolver y rutas pedidas.
     int resultadoAbrir = 42;
     QStringList abiertos;

@@ -1,12 +1,9 @@
-// Conexión compartida, orden español, búsquedas sin distinguir mayúsculas ni acentos,
-// transacciones y sustitución segura del fichero.
-#include "core/Compactacion.h"
+// Conexión compartida, orden español, búsquedas sin distinguir mayúsculas ni acentos y
+// transacciones. Lo que toca el fichero entero está en tst_almacen.
 #include "core/Cotejo.h"
 #include "core/modFunciones.h"
 #include "tests/comun/EntornoPrueba.h"
 
-#include <QFile>
-#include <QProcess>
 #include <QtTest>
 
 class tst_basedatos : public QObject {
@@ -113,72 +110,6 @@ private slots:
         QCOMPARE(siguienteClave(QStringLiteral("Clientes"), QStringLiteral("Codigo_Cli")), 1);
         QVERIFY(textoONulo(QStringLiteral("   ")).isNull());
         QCOMPARE(textoONulo(QStringLiteral(" a ")).toString(), QStringLiteral("a"));
-    }
-
-    void ficheroQueNoEsBaseDeDatos()
-    {
-        EntornoPrueba e;
-        QFile f(e.ficheroBD());
-        f.open(QIODevice::WriteOnly | QIODevice::Truncate);
-        f.write("esto no es una base de datos, es texto suelto que ocupa unos bytes.......");
-        f.close();
-        e.conectar();
-        QVERIFY_THROWS_EXCEPTION(ErrorPrograma, BaseDatos::abrir());
-        QString motivo;
-        QVERIFY(!Compactacion::esBaseDeDatosDelPrograma(e.ficheroBD(), &motivo));
-        QVERIFY(!motivo.isEmpty());
-        QVERIFY(Compactacion::esBaseDeDatosDelPrograma(QStringLiteral(PLANTILLA_BD)));
-    }
-
-    void compactacionSustituyeEntero()
-    {
-        EntornoPrueba e;
-        e.conectar();
-        {
-            UsoConexion uso;
-            Transaccion t;
-            for (int i = 0; i < 3000; ++i)
-                insertar(QStringLiteral("Clientes"), {{QStringLiteral("Codigo_Cli"), i + 1}, {QStringLiteral("Otros"), QString(200, QLatin1Char('x'))}});
-            t.confirmar();
-            ejecutar(QStringLiteral("DELETE FROM Clientes WHERE Codigo_Cli > 10"));
-        }
-        const qint64 antes = QFileInfo(e.ficheroBD()).size();
-        QList<int> pasos;
-        Compactacion::compactar(e.carpetaDatos(), [&](int v) { pasos << v; });
-        QCOMPARE(pasos, (QList<int>{65, 75, 85, 95}));
-        QVERIFY(QFileInfo(e.ficheroBD()).size() < antes);
-        QVERIFY(!QFile::exists(e.carpetaDatos() + QStringLiteral("PlanorumMirvade_COPY.mdb")));
-        QVERIFY(!QFile::exists(e.carpetaDatos() + QStringLiteral("PlanorumMirvade_TMP.mdb")));
-        UsoConexion uso;
-        QCOMPARE(escalar(QStringLiteral("SELECT count(*) FROM Clientes")).toInt(), 10);
-    }
-
-    void compactacionConLaBaseEnUso()
-    {
-        EntornoPrueba e;
-        e.conectar();
-        // Otro programa con la base de datos abierta y bloqueada.
-        QProcess otro;
-        otro.start(QStringLiteral("sqlite3"), {e.ficheroBD()});
-        QVERIFY(otro.waitForStarted());
-        otro.write("BEGIN EXCLUSIVE;\nSELECT 'listo';\n");
-        QVERIFY(otro.waitForReadyRead(5000));
-        const QByteArray antes = [&] {
-            QFile f(e.ficheroBD());
-            f.open(QIODevice::ReadOnly);
-            return f.readAll();
-        }();
-        try {
-            Compactacion::compactar(e.carpetaDatos());
-            QFAIL("debía fallar con la base en uso");
-        } catch (const ErrorPrograma& err) {
-            QCOMPARE(err.numero, ERROR_BD_EN_USO);
-        }
-        QFile f(e.ficheroBD());
-        f.open(QIODevice::ReadOnly);
-        QCOMPARE(f.readAll(), antes);
-        otro.closeWriteChannel();
-        otro.waitForFinished();
     }
 };
 

@@ -7,6 +7,7 @@
 #include "core/Programa.h"
 #include "masterdata/frmConfiguracion.h"
 #include "tests/comun/EntornoPrueba.h"
+#include "tests/comun/ProcesosAlmacen.h"
 #include "tests/pantallas/PruebaPantallas.h"
 #include "tools/frmCopiaSeguridad.h"
 
@@ -227,21 +228,33 @@ private slots:
         }
     }
 
+    // La misma comprobación que al restaurar una copia: el motivo llega en español y el texto del
+    // motor sólo al registro; el fichero no se toca.
     void baseDeDatosInservible_data()
     {
         QTest::addColumn<QByteArray>("bytes");
-        QTest::newRow("vacía") << QByteArray();
-        QTest::newRow("no es una base de datos") << QByteArray("Hoja de cálculo exportada; nada que ver con una base de datos\n").repeated(20);
-        QTest::newRow("sin tablas") << QByteArray("sqlite");
+        QTest::addColumn<QString>("motivo");
+        const QString noEs = QStringLiteral("El fichero %1 no es una base de datos de este programa.\nCompruebe la ubicación de la base de datos");
+        QTest::newRow("vacía") << QByteArray() << noEs;
+        QTest::newRow("no es una base de datos")
+            << QByteArray("Hoja de cálculo exportada; nada que ver con una base de datos\n").repeated(20) << noEs;
+        QTest::newRow("sin tablas") << QByteArray("sqlite") << noEs;
+        QTest::newRow("dañada") << QByteArray("dañada")
+                                << QStringLiteral("La base de datos %1 está dañada.\nRestaure la última copia de seguridad");
     }
 
     void baseDeDatosInservible()
     {
         QFETCH(QByteArray, bytes);
+        QFETCH(QString, motivo);
         EntornoPrueba e;
-        if (QString::fromLatin1(bytes) == QLatin1String("sqlite")) {
+        if (bytes == "sqlite") {
             QFile::remove(e.ficheroBD());
             QProcess::execute(QStringLiteral("sqlite3"), {e.ficheroBD(), QStringLiteral("CREATE TABLE Otra (x); DROP TABLE Otra;")});
+            bytes = contenido(e.ficheroBD());
+        } else if (bytes == "dañada") {
+            ProcesosAlmacen::prepararBase(e.ficheroBD(), 2000, 1, 5);
+            ProcesosAlmacen::danarClientes(e.ficheroBD());
             bytes = contenido(e.ficheroBD());
         } else {
             QFile f(e.ficheroBD());
@@ -253,10 +266,27 @@ private slots:
         QVERIFY(!ini->temporizadorActivo());  // la pantalla se queda; un clic o Esc la cierran
         QCOMPARE(e.cuadros.size(), 1);
         QVERIFY(e.cuadros[0].texto.contains(QStringLiteral("Procedimiento: Form_Load")));
+        QVERIFY2(e.cuadros[0].texto.contains(QStringLiteral("Descripción: ") + motivo.arg(e.ficheroBD()) + QStringLiteral("\r\n")),
+                 qPrintable(e.cuadros[0].texto));
         QCOMPARE(e.entradasLog(), 1);
         QCOMPARE(contenido(e.ficheroBD()), bytes);  // nunca se toca el fichero
         QTest::keyClick(ini, Qt::Key_Escape);
         QVERIFY(Programa::terminado());
+    }
+
+    // Una ruta escrita a mano sin el separador final vale igual.
+    void rutaSinSeparadorFinal()
+    {
+        EntornoPrueba e;
+        fijarTipos(e, 16, 15);
+        BaseDatos::cerrar();
+        QString ruta = e.carpetaDatos();
+        ruta.chop(1);
+        escribirAjuste(QStringLiteral("BD"), QStringLiteral("ruta"), ruta);
+        frmInicio* ini = arrancar();
+        QVERIFY(ini->temporizadorActivo());
+        QVERIFY(e.cuadros.isEmpty());
+        QCOMPARE(rutaBD, e.carpetaDatos());
     }
 
     void segundaInstancia()
