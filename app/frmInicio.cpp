@@ -178,9 +178,9 @@ void frmInicio::compactarBD()
         const ErrorPrograma e = errorDesdeExcepcion(std::current_exception());
         if (e.numero == ERROR_BD_EN_USO) {
             escribirLog(e, NOMBRE_PROGRAMA + QStringLiteral(" - [No se ha podido realizar la compactación al estar la base de datos abierta por otro usuario]"),
-                        FORMULARIO, procedimiento, 0, false);
+                        FORMULARIO, procedimiento, 0, Mostrar::No);
         } else {
-            escribirLog(e, NOMBRE_PROGRAMA, FORMULARIO, procedimiento, 0, true);
+            escribirLog(e, NOMBRE_PROGRAMA, FORMULARIO, procedimiento, 0, Mostrar::Si);
         }
     }
 }

@@ -142,8 +142,9 @@ QString ficheroBD() { return rutaBD + NOMBRE_FICHERO; }
 
 void construirCadenaConexion() { cadenaConexion = ficheroBD(); }
 
-QSqlDatabase abrirConexion(const QString& nombre, const QString& fichero, bool soloLectura)
+QSqlDatabase abrirConexion(const QString& nombre, const QString& fichero, Acceso acceso)
 {
+    const bool soloLectura = acceso == Acceso::SoloLectura;
     QSqlDatabase db = QSqlDatabase::contains(nombre) ? QSqlDatabase::database(nombre, false)
                                                      : QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), nombre);
     if (db.isOpen())

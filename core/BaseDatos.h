@@ -30,7 +30,8 @@ void abrir();                         // lanza ErrorPrograma si no se puede
 void cerrar();
 
 // Abre una conexión propia (informes, pruebas) con las mismas funciones registradas.
-QSqlDatabase abrirConexion(const QString& nombre, const QString& fichero, bool soloLectura = false);
+enum class Acceso { LecturaEscritura, SoloLectura };
+QSqlDatabase abrirConexion(const QString& nombre, const QString& fichero, Acceso acceso = Acceso::LecturaEscritura);
 void registrarFunciones(QSqlDatabase& db);  // cotejo ES, LIKE, UCASE y UPPER en español
 void registrarFunciones(sqlite3* h);
 

@@ -20,5 +20,5 @@ void cargarPDF(const QString& ruta, QWidget*)
                         + QStringLiteral("También puede copiar el documento generado y pegarlo en un ordenador que si tenga instalado un visor de documentos de tipo '*.doc'"));
     }
     // Tras cualquier fallo el procedimiento sigue hasta su informe de error, sin número ni descripción.
-    escribirLog(ErrorPrograma(0, QString()), NOMBRE_PROGRAMA, QStringLiteral("modFunciones"), QStringLiteral("cargarPDF"), 0, true);
+    escribirLog(ErrorPrograma(0, QString()), NOMBRE_PROGRAMA, QStringLiteral("modFunciones"), QStringLiteral("cargarPDF"), 0, Mostrar::Si);
 }

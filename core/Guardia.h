@@ -13,7 +13,7 @@
 ErrorPrograma errorDesdeExcepcion(std::exception_ptr e);
 
 template <class Cuerpo>
-bool guardia(const QString& formulario, const QString& procedimiento, Cuerpo&& cuerpo, bool mostrar = true)
+bool guardia(const QString& formulario, const QString& procedimiento, Cuerpo&& cuerpo, Mostrar mostrar = Mostrar::Si)
 {
     try {
         cuerpo();

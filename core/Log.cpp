@@ -43,7 +43,7 @@ QString textoEntradaLog(const ErrorPrograma& error, const QString& comentario, c
 }
 
 void escribirLog(const ErrorPrograma& error, const QString& comentario, const QString& formulario,
-                 const QString& procedimiento, int linea, bool mostrar)
+                 const QString& procedimiento, int linea, Mostrar mostrar)
 {
     const QDateTime ahora = QDateTime::currentDateTime();
     const QString texto = entrada(error, comentario, formulario, procedimiento, linea, true, ahora);
@@ -63,6 +63,6 @@ void escribirLog(const ErrorPrograma& error, const QString& comentario, const QS
                             + QStringLiteral("Compruebe que la carpeta Logs del programa existe y se puede escribir en ella"));
         }
     }
-    if (mostrar)
+    if (mostrar == Mostrar::Si)
         Mensajes::mostrarEntradaLog(entrada(error, comentario, formulario, procedimiento, linea, false, ahora));
 }

@@ -5,8 +5,11 @@
 // y el fichero empieza de nuevo cuando pasa de 2.000.000 de bytes.
 constexpr qint64 LOG_TAMANO_MAXIMO = 2000000;
 
+// Si la entrada, además de anotarse, se enseña al usuario.
+enum class Mostrar { No, Si };
+
 void escribirLog(const ErrorPrograma& error, const QString& comentario, const QString& formulario,
-                 const QString& procedimiento, int linea, bool mostrar);
+                 const QString& procedimiento, int linea, Mostrar mostrar);
 
 // Texto de una entrada tal como se escribe en el fichero (sin el salto final que la separa).
 // El texto del motor sólo va en la del fichero: al usuario se le enseña la descripción en español.

@@ -56,7 +56,7 @@ bool listado(const QString& procedimiento, const QString& sql, const QVariantLis
         exigirInforme();
         Informe->asignarDatos(ConjuntoFilas::leer(ConexionInforme(), sql, valores));
         ponerDatosEstudio();
-    }, false);
+    }, Mostrar::No);
 }
 
 const QString ORDEN_PERSONAS = QStringLiteral(" ORDER BY Nombre_Cli COLLATE ES, Ape_Cli COLLATE ES, Codigo_Cli");
@@ -94,7 +94,7 @@ std::unique_ptr<DocumentoInforme> crearInforme(const QString& nombre)
 
 bool nuevoInforme(const QString& nombre)
 {
-    return guardia(MODULO, QStringLiteral("crearInforme"), [&] { Informe = crearInforme(nombre); }, false);
+    return guardia(MODULO, QStringLiteral("crearInforme"), [&] { Informe = crearInforme(nombre); }, Mostrar::No);
 }
 
 // ---------------------------------------------------------------- filtros
@@ -158,8 +158,8 @@ bool conectar()
     return guardia(MODULO, QStringLiteral("conectar"), [] {
         if (conexionAbierta())
             ConexionInforme().close();
-        BaseDatos::abrirConexion(NOMBRE_CONEXION_INFORME, BaseDatos::ficheroBD(), true);
-    }, false);
+        BaseDatos::abrirConexion(NOMBRE_CONEXION_INFORME, BaseDatos::ficheroBD(), BaseDatos::Acceso::SoloLectura);
+    }, Mostrar::No);
 }
 
 bool iniciarInforme_CostesReferencia()
@@ -187,7 +187,7 @@ bool iniciarInforme_ListadoArquitectos(const FiltroListado& filtro)
         const QString donde = filtro.condicion(&valores);
         if (!donde.isEmpty())
             sql += QStringLiteral(" AND ") + donde;
-    }, false);
+    }, Mostrar::No);
     return ok && listado(QStringLiteral("iniciarInforme_ListadoArquitectos"), sql + ORDEN_PERSONAS, valores);
 }
 
@@ -234,7 +234,7 @@ bool iniciarInforme_Impreso(const QString& codigo)
         for (int i = 0; i < subs.size(); ++i)
             Informe->asignarDatosSubinforme(QStringLiteral("Subreport%1").arg(i + 1), ConjuntoFilas::leer(ConexionInforme(), subs[i]));
         ponerDatosEstudio();
-    }, false);
+    }, Mostrar::No);
 }
 
 void cerrar()
@@ -245,7 +245,7 @@ void cerrar()
             ConexionInforme().close();
             QSqlDatabase::removeDatabase(NOMBRE_CONEXION_INFORME);
         }
-    }, false);
+    }, Mostrar::No);
 }
 
 bool exportarPDF(const QString& ruta)
@@ -254,7 +254,7 @@ bool exportarPDF(const QString& ruta)
         if (!Informe)
             lanzarError(-1, QStringLiteral("No hay ningún informe creado"));
         Informe->exportarPDF(ruta);
-    }, false);
+    }, Mostrar::No);
 }
 
 }  // namespace modInformes

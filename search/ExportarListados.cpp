@@ -141,16 +141,16 @@ void ofrecerAbrirPDF(const QString& fichero, const QString& formulario, const QS
     if (resultado == 31) {
         Mensajes::aviso(QStringLiteral("No se ha podido mostrar el documento. Por favor, asegúrese de que tiene instalado un visor de documentos PDF (por ejemplo, 'Adobe Reader')"));
         escribirLog(ErrorPrograma(31, QString()), QStringLiteral("[Error 31]: No se tiene instalado un visor de documentos PDF"),
-                    formulario, procedimiento, 0, false);
+                    formulario, procedimiento, 0, Mostrar::No);
     } else if (resultado == 2) {
         Mensajes::aviso(QStringLiteral("Documento PDF no encontrado. Ha podido existir un error durante su generación") + SALTO
                         + QStringLiteral("Por favor, genere otra vez el documento e inténtelo de nuevo"));
         escribirLog(ErrorPrograma(2, QString()),
                     QStringLiteral("[Error 2]: Documento PDF no encontrado. Ha podido existir un error durante su generación o bien haberlo borrado"),
-                    formulario, procedimiento, 0, false);
+                    formulario, procedimiento, 0, Mostrar::No);
     } else {
         escribirLog(ErrorPrograma(resultado, QStringLiteral("No se ha podido abrir el documento")), NOMBRE_PROGRAMA, formulario,
-                    procedimiento, 0, true);
+                    procedimiento, 0, Mostrar::Si);
     }
 }
 

@@ -80,6 +80,6 @@ bool trabajarSobreLaBase(QWidget* pantalla, QProgressBar* barra, const std::func
     // El aviso sale con el cerrojo ya soltado y la pantalla de nuevo disponible.
     Mensajes::aviso(QStringLiteral("No se puede restaurar la base de datos pues está siendo usada por otras personas.") + QStringLiteral("\n")
                     + QStringLiteral("Espere a que se libere la base de datos e inicie de nuevo el proceso de restauración"));
-    escribirLog(enUso, NOMBRE_PROGRAMA, QStringLiteral("frmRestaurarCopiaSeguridad"), QStringLiteral("cmd_RestaurarCopia_Click"), 0, false);
+    escribirLog(enUso, NOMBRE_PROGRAMA, QStringLiteral("frmRestaurarCopiaSeguridad"), QStringLiteral("cmd_RestaurarCopia_Click"), 0, Mostrar::No);
     return false;
 }

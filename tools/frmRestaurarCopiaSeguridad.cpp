@@ -101,7 +101,7 @@ void frmRestaurarCopiaSeguridad::cmd_RestaurarCopia_Click()
         } catch (const Almacen::FicheroNoValido& e) {
             // Lo elegido no es una copia de este programa: no se ha tocado nada.
             Mensajes::aviso(e.descripcion);
-            escribirLog(e, NOMBRE_PROGRAMA, FORMULARIO, procedimiento, 0, false);
+            escribirLog(e, NOMBRE_PROGRAMA, FORMULARIO, procedimiento, 0, Mostrar::No);
             ui->cmd_Buscar->setFocus();
             return;
         }

@@ -66,7 +66,7 @@ private slots:
     {
         EntornoPrueba e;
         escribirLog(ErrorPrograma(-2147467259, QStringLiteral("Descripción del fallo")), QStringLiteral("PlanorumMirvade"),
-                    QStringLiteral("frmCliente"), QStringLiteral("cmd_Guardar_Click"), 0, false);
+                    QStringLiteral("frmCliente"), QStringLiteral("cmd_Guardar_Click"), 0, Mostrar::No);
         QVERIFY(e.cuadros.isEmpty());
         const QStringList l = e.leerLog().split(QStringLiteral("\r\n"));
         QCOMPARE(l.size(), 14);  // 12 líneas, la línea en blanco que separa y el resto vacío
@@ -85,7 +85,7 @@ private slots:
         QCOMPARE(l[12], QString());
         QVERIFY(!e.leerLog().contains(QRegularExpression(QStringLiteral("[^\\r]\\n"))));
 
-        escribirLog(ErrorPrograma(5, QStringLiteral("otro")), QStringLiteral("c"), QStringLiteral("f"), QStringLiteral("p"), 7, true);
+        escribirLog(ErrorPrograma(5, QStringLiteral("otro")), QStringLiteral("c"), QStringLiteral("f"), QStringLiteral("p"), 7, Mostrar::Si);
         QCOMPARE(e.entradasLog(), 2);
         QCOMPARE(e.cuadros.size(), 1);
         QCOMPARE(e.cuadros[0].titulo, QStringLiteral("Aviso"));
@@ -111,7 +111,7 @@ private slots:
             QVERIFY(f.open(QIODevice::WriteOnly));
             f.write(QByteArray(tamano, 'x'));
         }
-        escribirLog(ErrorPrograma(1, QStringLiteral("d")), QStringLiteral("c"), QStringLiteral("f"), QStringLiteral("p"), 0, false);
+        escribirLog(ErrorPrograma(1, QStringLiteral("d")), QStringLiteral("c"), QStringLiteral("f"), QStringLiteral("p"), 0, Mostrar::No);
         const qint64 nuevo = QFileInfo(Rutas::ficheroLog()).size();
         if (seAnade)
             QVERIFY(nuevo > tamano);
@@ -124,8 +124,8 @@ private slots:
     {
         EntornoPrueba e;
         QDir(e.directorio() + QStringLiteral("/Logs")).removeRecursively();
-        escribirLog(ErrorPrograma(1, QStringLiteral("d")), QStringLiteral("c"), QStringLiteral("f"), QStringLiteral("p"), 0, false);
-        escribirLog(ErrorPrograma(1, QStringLiteral("d")), QStringLiteral("c"), QStringLiteral("f"), QStringLiteral("p"), 0, false);
+        escribirLog(ErrorPrograma(1, QStringLiteral("d")), QStringLiteral("c"), QStringLiteral("f"), QStringLiteral("p"), 0, Mostrar::No);
+        escribirLog(ErrorPrograma(1, QStringLiteral("d")), QStringLiteral("c"), QStringLiteral("f"), QStringLiteral("p"), 0, Mostrar::No);
         QCOMPARE(e.cuadros.size(), 1);
         QVERIFY(e.cuadros[0].texto.startsWith(QStringLiteral("No se ha podido escribir en el registro de errores")));
     }

@@ -94,7 +94,7 @@ private slots:
                 UsoConexion uso;
                 escalar(QStringLiteral("SELECT count(*) FROM Clientes"));
             } else if (caso == QLatin1String("lectura")) {
-                QSqlDatabase db = BaseDatos::abrirConexion(QStringLiteral("lectura"), e.ficheroBD(), true);
+                QSqlDatabase db = BaseDatos::abrirConexion(QStringLiteral("lectura"), e.ficheroBD(), BaseDatos::Acceso::SoloLectura);
                 ejecutar(db, QStringLiteral("INSERT INTO Costes (CODIGO) VALUES (?)"), {QStringLiteral("X")});
             } else {
                 UsoConexion uso;
@@ -111,7 +111,7 @@ private slots:
         QCOMPARE(fallo.descripcion, texto);
         QVERIFY2(fallo.textoMotor.contains(motor), qPrintable(fallo.textoMotor));
 
-        escribirLog(fallo, NOMBRE_PROGRAMA, QStringLiteral("frmCliente"), QStringLiteral("cmd_Guardar_Click"), 0, true);
+        escribirLog(fallo, NOMBRE_PROGRAMA, QStringLiteral("frmCliente"), QStringLiteral("cmd_Guardar_Click"), 0, Mostrar::Si);
         QCOMPARE(e.cuadros.size(), 1);
         QVERIFY(e.cuadros[0].texto.contains(QStringLiteral("Descripción: ") + texto + QStringLiteral("\r\n")));
         QVERIFY(!e.cuadros[0].texto.contains(fallo.textoMotor));
