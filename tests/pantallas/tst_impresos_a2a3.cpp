@@ -714,7 +714,9 @@ private slots:
 
     // ------------------------------------------------------------------ diseños
 
-    // Emplazamiento unido con " - " sin separadores sueltos, y los dos impresos en blanco.
+    // Emplazamiento del proyecto (no del cliente) unido con " - ". Como en el sistema, un campo que
+    // falta no se salta su separador: sin dirección la línea empieza por "- "; sólo una línea de
+    // separadores se queda en blanco (los dos impresos en blanco, abajo).
     void emplazamientoUnido_data()
     {
         QTest::addColumn<QString>("impreso");
@@ -724,7 +726,7 @@ private slots:
             QTest::newRow(qPrintable(QLatin1String(i) + QLatin1String(" completo")))
                 << QString::fromLatin1(i) << QVariant("C/ Mayor, 1") << "C/ Mayor, 1 - Jaca - Huesca";
             QTest::newRow(qPrintable(QLatin1String(i) + QLatin1String(" sin dirección")))
-                << QString::fromLatin1(i) << QVariant() << "Jaca - Huesca";
+                << QString::fromLatin1(i) << QVariant() << "- Jaca - Huesca";
         }
     }
     void emplazamientoUnido()
