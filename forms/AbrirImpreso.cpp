@@ -4,6 +4,9 @@
 #include "forms/DatosImpreso.h"
 #include "forms/frmDatosImpreso_A1.h"
 #include "forms/frmDatosImpreso_B2.h"
+// Impresos A2 y A3.
+#include "forms/frmDatosImpreso_A2.h"
+#include "forms/frmDatosImpreso_A3.h"
 #include "reports/TablaImpresos.h"
 
 #include <QHash>
@@ -19,6 +22,9 @@ const QHash<QString, Fabrica>& fabricas()
     static const QHash<QString, Fabrica> f = {
         {QStringLiteral("frmDatosImpreso_A1"), [] { return new frmDatosImpreso_A1; }},
         {QStringLiteral("frmDatosImpreso_B2"), [] { return new frmDatosImpreso_B2; }},
+        // Impresos A2 y A3.
+        {QStringLiteral("frmDatosImpreso_A2"), [] { return new frmDatosImpreso_A2; }},
+        {QStringLiteral("frmDatosImpreso_A3"), [] { return new frmDatosImpreso_A3; }},
     };
     return f;
 }

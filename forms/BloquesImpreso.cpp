@@ -1,7 +1,12 @@
 #include "forms/BloquesImpreso.h"
 
+#include "core/CicloPantalla.h"
 #include "core/Formato.h"
 #include "core/Mensajes.h"
+#include "reports/FormatoInforme.h"
+
+#include <QAbstractButton>
+#include <QLineEdit>
 
 
 namespace BloquesImpreso {
@@ -237,6 +242,125 @@ int escribirHojas(qint64 pryCod, const QString& tablaTemporal, const ColumnasImp
         ++escritas;
     }
     return escritas;
+}
+
+// ---------------------------------------------------------------- impresos de una sola fila (A2, A3)
+
+QString lineaAutores(qint64 pryCod)
+{
+    {
+        Consulta propia(QStringLiteral("SELECT * FROM Arquitectos_Proyecto WHERE PryCod = ? AND EsPropiaSociedad <> 0 ORDER BY rowid"),
+                        {pryCod});
+        if (propia.siguiente()) {
+            const QVariant codigo = propia.valor(QStringLiteral("Codigo_Arq"));
+            if (codigo.isNull())
+                return {};
+            Consulta soc(QStringLiteral("SELECT * FROM OTROS WHERE Codigo_Cli = ?"), {codigo});
+            if (!soc.siguiente()) {
+                Mensajes::aviso(AVISO_SOCIEDAD_NO_HALLADA);
+                return {};
+            }
+            // La sociedad firma sola.
+            return texto(soc, QStringLiteral("Nombre_Cli")).trimmed();
+        }
+    }
+    // Sin límite de tres: todos los del proyecto, en su orden.
+    QString linea;
+    Consulta arq(QStringLiteral("SELECT * FROM Arquitectos_Proyecto WHERE PryCod = ? ORDER BY rowid"), {pryCod});
+    while (arq.siguiente()) {
+        Consulta otros(QStringLiteral("SELECT * FROM OTROS WHERE Codigo_Cli = ?"), {arq.valor(QStringLiteral("Codigo_Arq"))});
+        if (otros.siguiente())
+            linea += nombreCompleto(otros) + QStringLiteral(", ");
+    }
+    if (!linea.trimmed().isEmpty())
+        linea.chop(2);
+    return linea;
+}
+
+void columnasTrabajo(const Consulta& proyecto, FilaTemporal& fila)
+{
+    fila.poner(QStringLiteral("PRYNOM"), texto(proyecto, QStringLiteral("Trabajo")));
+    fila.poner(QStringLiteral("PRYDOM"), texto(proyecto, QStringLiteral("Emplazamiento")));
+    fila.poner(QStringLiteral("CLIMUN"), texto(proyecto, QStringLiteral("Municipio")));
+    fila.poner(QStringLiteral("CLIPRO"), texto(proyecto, QStringLiteral("Provincia")));
+    const QVariant cliente = proyecto.valor(QStringLiteral("Codigo_Cliente"));
+    if (!cliente.isNull()) {
+        Consulta cli(QStringLiteral("SELECT * FROM Clientes WHERE Codigo_Cli = ?"), {cliente});
+        if (cli.siguiente())
+            fila.poner(QStringLiteral("CLINOM"), nombreCompleto(cli));
+    }
+    for (const char* c : {"EXPNUM", "EXPREF", "EXPFV", "EXPFFO"})
+        fila.poner(QString::fromLatin1(c), texto(proyecto, QString::fromLatin1(c)));
+    fila.poner(QStringLiteral("ARQ1NOM"), lineaAutores(proyecto.valor(QStringLiteral("PRYCOD")).toLongLong()));
+}
+
+QVariant numeroONulo(const QString& texto)
+{
+    const QString t = texto.trimmed();
+    if (t.isEmpty())
+        return {};
+    bool ok = false;
+    const double v = Formato::aNumero(t, &ok);
+    return ok ? QVariant(v) : QVariant(t);
+}
+
+namespace {
+QAbstractButton* casilla(const CampoImpreso& c)
+{
+    auto* b = qobject_cast<QAbstractButton*>(c.control);
+    return b && b->isCheckable() ? b : nullptr;
+}
+}  // namespace
+
+QVariant valorHistorico(const CampoImpreso& c)
+{
+    if (const QAbstractButton* b = casilla(c))
+        return marca(b->isChecked());
+    const QString t = Instantanea::texto(c.control);
+    return c.numerico ? numeroONulo(t) : QVariant(t.trimmed());
+}
+
+QVariant valorTemporal(const CampoImpreso& c)
+{
+    if (const QAbstractButton* b = casilla(c))
+        return marca(b->isChecked());
+    const QString t = Instantanea::texto(c.control);
+    return c.numerico ? textoONulo(t) : QVariant(t.trimmed());
+}
+
+void cargarCampo(const CampoImpreso& c, const Consulta& fila)
+{
+    const QVariant v = fila.valor(c.columna);
+    if (QAbstractButton* b = casilla(c)) {
+        b->setChecked(v.toString() == QLatin1String("X"));
+        return;
+    }
+    const QString t = c.numerico ? FormatoInforme::valor(v, c.formato) : (v.isNull() ? QString() : v.toString());
+    if (auto* l = qobject_cast<QLineEdit*>(c.control))
+        l->setText(t);
+}
+
+Campos camposHistorico(const QList<CampoImpreso>& campos)
+{
+    Campos r;
+    r.reserve(campos.size());
+    for (const CampoImpreso& c : campos)
+        r.append({c.columna, valorHistorico(c)});
+    return r;
+}
+
+int escribirFila(qint64 pryCod, const QString& tablaTemporal, const QList<CampoImpreso>& campos)
+{
+    Consulta proyecto(QStringLiteral("SELECT * FROM Proyectos_A WHERE PRYCOD = ?"), {pryCod});
+    if (!leerProyecto(proyecto))
+        return 0;
+    FilaTemporal fila;
+    columnasTrabajo(proyecto, fila);
+    for (const CampoImpreso& c : campos)
+        if (c.columna != QLatin1String("PRYNOM") && c.columna != QLatin1String("PRYCOD"))
+            fila.poner(c.columna, valorTemporal(c));
+    fila.insertarEn(tablaTemporal);
+    return 1;
 }
 
 }  // namespace BloquesImpreso

@@ -1,9 +1,12 @@
 #pragma once
 #include "core/BaseDatos.h"
 
+#include <QList>
 #include <QString>
 #include <QVariant>
 #include <functional>
+
+class QWidget;
 
 // Bloques de las tablas temporales que comparten varios impresos (A1, B2, A4, CSS, CDC...):
 // cliente y representante, sociedad, páginas de arquitectos de tres en tres y su domicilio.
@@ -67,5 +70,45 @@ void columnasProyecto(const Consulta& proyecto, FilaTemporal& fila);
 // Sin arquitectos o sin proyecto avisa y no escribe nada. Devuelve las filas escritas.
 using ColumnasImpreso = std::function<void(const Consulta& proyecto, FilaTemporal& fila)>;
 int escribirHojas(qint64 pryCod, const QString& tablaTemporal, const ColumnasImpreso& columnas);
+
+// ---------------------------------------------------------------- impresos de una sola fila (A2, A3)
+
+inline const QString AVISO_SOCIEDAD_NO_HALLADA = QStringLiteral("No se han podido cargar los datos de la sociedad");
+
+// Autores del trabajo tal como firman los impresos A2 y A3: la sociedad propia del proyecto,
+// sola, si la tiene; si no, todos los arquitectos del proyecto separados por ", ".
+QString lineaAutores(qint64 pryCod);
+
+// Trabajo, emplazamiento (dirección, municipio y provincia del proyecto, no del cliente),
+// cliente, expediente y autores: PRYNOM, PRYDOM, CLIMUN, CLIPRO, CLINOM, EXPNUM, EXPREF, EXPFV,
+// EXPFFO y ARQ1NOM.
+void columnasTrabajo(const Consulta& proyecto, FilaTemporal& fila);
+
+
+// Columna de un impreso ligada a su control de la pantalla: un texto, un número (con el formato
+// con que se enseña al cargarlo) o una casilla ("X" o "").
+struct CampoImpreso {
+    QString columna;
+    QWidget* control = nullptr;
+    bool numerico = false;
+    QString formato{};
+};
+// Valor de la columna del histórico: texto recortado; número o nulo; "X" o "".
+QVariant valorHistorico(const CampoImpreso& c);
+// Valor de la columna de la tabla temporal: texto recortado (nulo si es un número vacío); "X" o "".
+QVariant valorTemporal(const CampoImpreso& c);
+// Lleva la columna de la fila del histórico a su control: nulo como vacío, números con su
+// formato, y sólo "X" marca la casilla.
+void cargarCampo(const CampoImpreso& c, const Consulta& fila);
+Campos camposHistorico(const QList<CampoImpreso>& campos);
+
+// Una sola fila en la tabla temporal: lee el proyecto (sin él avisa y no escribe nada), pone las
+// columnas del trabajo y las del impreso, de la pantalla y no de la fila guardada (salvo el par
+// del proyecto: el trabajo sale del propio proyecto). Devuelve las filas escritas.
+int escribirFila(qint64 pryCod, const QString& tablaTemporal, const QList<CampoImpreso>& campos);
+
+// Celda numérica de un impreso: el texto recortado, nulo si está vacío (nunca un cero). En las
+// columnas numéricas del histórico va su valor; un texto que no es número se guarda tal cual.
+QVariant numeroONulo(const QString& texto);
 
 }  // namespace BloquesImpreso

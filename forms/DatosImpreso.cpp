@@ -21,7 +21,7 @@ DatosImpreso::DatosImpreso(const QString& pantalla, QWidget* padre)
 
 const VarianteImpreso& DatosImpreso::variante() const { return m_definicion->variantes.constFirst(); }
 
-void DatosImpreso::enlazarControles()
+void DatosImpreso::enlazarControles(const QString& buscarProyecto, const QString& borrarProyecto)
 {
     txt_Lugar = findChild<QLineEdit*>(QStringLiteral("txt_Lugar"));
     txt_Fecha = findChild<QLineEdit*>(QStringLiteral("txt_Fecha"));
@@ -30,8 +30,8 @@ void DatosImpreso::enlazarControles()
     if (m_definicion->conProyecto) {
         txt_CodProyecto = findChild<QLineEdit*>(QStringLiteral("txt_CodProyecto"));
         txt_Proyecto = findChild<QLineEdit*>(QStringLiteral("txt_Proyecto"));
-        img_Buscar = findChild<QToolButton*>(QStringLiteral("img_Buscar"));
-        img_Borrar = findChild<QToolButton*>(QStringLiteral("img_Borrar"));
+        img_Buscar = findChild<QToolButton*>(buscarProyecto);
+        img_Borrar = findChild<QToolButton*>(borrarProyecto);
         Q_ASSERT(txt_CodProyecto && txt_Proyecto && img_Buscar && img_Borrar);
         txt_CodProyecto->setReadOnly(true);
         txt_Proyecto->setReadOnly(true);
@@ -79,24 +79,32 @@ bool DatosImpreso::cargar()
 void DatosImpreso::img_Buscar_Click()
 {
     guardia(m_pantalla, QStringLiteral("img_Buscar_Click"), [&] {
-        QPointer<DatosImpreso> yo(this);
-        frmBuscarSeleccionar::abrir({.tabla = QStringLiteral("PROYECTOS_A"),
-                                     .claveLlamada = m_definicion->claveSeleccion,
-                                     .titulo = QStringLiteral("Buscar proyecto"),
-                                     .claveRetorno = m_definicion->claveRetorno,
-                                     .llamador = this,
-                                     .alElegir =
-                                         [yo](const Eleccion& e) {
-                                             if (yo)
-                                                 yo->recibirProyecto(e);
-                                             return true;
-                                         },
-                                     .alDarDeAlta =
-                                         [yo](const RegistroGuardado& r) {
-                                             if (yo)
-                                                 yo->recibirProyectoNuevo(r);
-                                         }});
+        abrirSelector({.tabla = QStringLiteral("PROYECTOS_A"),
+                       .titulo = QStringLiteral("Buscar proyecto"),
+                       .claveRetorno = m_definicion->claveRetorno},
+                      [this](const Eleccion& e) { recibirProyecto(e); },
+                      [this](const RegistroGuardado& r) { recibirProyectoNuevo(r); });
     });
+}
+
+void DatosImpreso::abrirSelector(PeticionSelector p, const std::function<void(const Eleccion&)>& alElegir,
+                                 const AlGuardar& alDarDeAlta)
+{
+    QPointer<DatosImpreso> yo(this);
+    if (p.claveLlamada.isEmpty())
+        p.claveLlamada = m_definicion->claveSeleccion;
+    p.llamador = this;
+    p.alElegir = [yo, alElegir](const Eleccion& e) {
+        if (yo)
+            alElegir(e);
+        return true;
+    };
+    if (alDarDeAlta)
+        p.alDarDeAlta = [yo, alDarDeAlta](const RegistroGuardado& r) {
+            if (yo)
+                alDarDeAlta(r);
+        };
+    frmBuscarSeleccionar::abrir(p);
 }
 
 void DatosImpreso::recibirProyecto(const Eleccion& e)
@@ -149,7 +157,7 @@ bool DatosImpreso::validarDatos()
         return avisar(txt_Lugar, QStringLiteral("Por favor, escriba el lugar (necesario para el pie del impreso)"));
     if (txt_Fecha->text().trimmed().isEmpty())
         return avisar(txt_Fecha, QStringLiteral("Por favor, escriba la fecha (necesaria para el pie del impreso)"));
-    return true;
+    return validarTrasPie();
 }
 
 // ---------------------------------------------------------------- escritura

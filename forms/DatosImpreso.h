@@ -43,8 +43,10 @@ public:
 protected:
     DatosImpreso(const QString& pantalla, QWidget* padre);
 
-    // Tras setupUi: busca los controles comunes por su nombre y los conecta.
-    void enlazarControles();
+    // Tras setupUi: busca los controles comunes por su nombre y los conecta. Los botones del
+    // proyecto pueden ser el índice 0 de una matriz de botones ("img_Buscar_0").
+    void enlazarControles(const QString& buscarProyecto = QStringLiteral("img_Buscar"),
+                          const QString& borrarProyecto = QStringLiteral("img_Borrar"));
 
     // Lo propio de cada impreso.
     virtual void aplicarLimites() {}
@@ -55,6 +57,7 @@ protected:
     // misma transacción con la clave de la fila.
     virtual void escribirFilasHijas(qint64 /*clave*/) {}
     virtual bool validarPropios() { return true; }            // entre el proyecto y el pie
+    virtual bool validarTrasPie() { return true; }            // tras el lugar y la fecha
     virtual void escribirTemporal() = 0;                      // filas de la tabla temporal
     // Tras confirmar: la vista previa de la variante. El certificado fin de obra pregunta antes el diseño.
     virtual void mostrarVistaPrevia();
@@ -65,6 +68,10 @@ protected:
     QList<QWidget*> controlesCopia() const override;
     bool cargar() override;
     bool guardarAlSalir() override;
+
+    // Abre el selector para esta pantalla: lo elegido y lo dado de alta llegan a las funciones dadas
+    // mientras la pantalla siga abierta, y ella vuelve al frente. Sin clave de llamada, la del impreso.
+    void abrirSelector(PeticionSelector p, const std::function<void(const Eleccion&)>& alElegir, const AlGuardar& alDarDeAlta = {});
 
     // Valores comunes para las columnas.
     qint64 codigoProyecto() const;
