@@ -4,6 +4,10 @@
 #include "forms/DatosImpreso.h"
 #include "forms/frmDatosImpreso_A1.h"
 #include "forms/frmDatosImpreso_B2.h"
+// Facturas y certificados de retenciones.
+#include "forms/frmDatosImpreso_B1_B3_B4.h"
+#include "forms/frmDatosImpreso_B4.h"
+#include "forms/frmDatosImpreso_B4_Propio.h"
 #include "reports/TablaImpresos.h"
 
 #include <QHash>
@@ -19,6 +23,10 @@ const QHash<QString, Fabrica>& fabricas()
     static const QHash<QString, Fabrica> f = {
         {QStringLiteral("frmDatosImpreso_A1"), [] { return new frmDatosImpreso_A1; }},
         {QStringLiteral("frmDatosImpreso_B2"), [] { return new frmDatosImpreso_B2; }},
+        // Facturas y certificados de retenciones.
+        {QStringLiteral("frmDatosImpreso_B1_B3_B4"), [] { return new frmDatosImpreso_B1_B3_B4; }},
+        {QStringLiteral("frmDatosImpreso_B4"), [] { return new frmDatosImpreso_B4; }},
+        {QStringLiteral("frmDatosImpreso_B4_Propio"), [] { return new frmDatosImpreso_B4_Propio; }},
     };
     return f;
 }
@@ -38,6 +46,7 @@ bool abrirImpreso(const PeticionFicha& p)
             return true;
     DatosImpreso* f = crearPantallaImpreso(d->pantalla);
     f->Operacion = p.operacion;
+    f->TipoImpreso = v->tipoImpreso;
     f->setTag(p.operacion);
     if (!alta)
         f->Clave = p.codigo;

@@ -239,4 +239,34 @@ int escribirHojas(qint64 pryCod, const QString& tablaTemporal, const ColumnasImp
     return escritas;
 }
 
+// ---------------------------------------------------------------- facturas y certificados
+
+void columnasPersona(const Consulta& c, const QString& prefijo, FilaTemporal& fila, ConCodigo codigo)
+{
+    fila.poner(prefijo + QStringLiteral("NOM"), nombreCompleto(c));
+    if (codigo == ConCodigo::Si)
+        fila.poner(prefijo + QStringLiteral("COD"), c.valor(QStringLiteral("Codigo_Cli")));
+    fila.poner(prefijo + QStringLiteral("NIF"), texto(c, QStringLiteral("NIF")));
+    fila.poner(prefijo + QStringLiteral("DOM"), texto(c, QStringLiteral("Dirección_Cli")));
+    fila.poner(prefijo + QStringLiteral("MUN"), texto(c, QStringLiteral("Municipio_Cli")));
+    fila.poner(prefijo + QStringLiteral("PRO"), texto(c, QStringLiteral("Provincia_Cli")));
+    fila.poner(prefijo + QStringLiteral("TEL"), texto(c, QStringLiteral("Tfno_Cli")));
+    fila.poner(prefijo + QStringLiteral("CP"), texto(c, QStringLiteral("cp")));
+}
+
+bool leerFila(Consulta& consulta, const QString& avisoSinFila)
+{
+    if (consulta.siguiente())
+        return true;
+    Mensajes::aviso(avisoSinFila);
+    return false;
+}
+
+void columnaAgenciaTributaria(FilaTemporal& fila)
+{
+    Consulta c(QStringLiteral("SELECT AgenciaTributaria FROM Config"));
+    if (leerFila(c, QStringLiteral("No se ha podido cargar la ubicación de la Agencia Tributaria")))
+        fila.poner(QStringLiteral("AgenciaTributaria"), texto(c, QStringLiteral("AgenciaTributaria")));
+}
+
 }  // namespace BloquesImpreso
