@@ -170,7 +170,8 @@ void CertificadoRetenciones::ponerImporte(FilaTemporal& f, const QString& column
     if (!valor.isNull())
         texto = valor.typeId() == QMetaType::QString ? CamposImporte::importeTexto(valor.toString())
                                                      : QVariant(Formato::formatear(valor.toDouble(), QStringLiteral("#,##0.00")));
-    if (destino == Destino::Temporal)
+    // Un nulo con tipo se lee "0" como texto: el nulo pasa tal cual a las dos tablas.
+    if (destino == Destino::Temporal || texto.isNull())
         f.poner(columna, texto);
     else
         f.poner(columna, CamposImporte::importeGuardable(texto.toString()));

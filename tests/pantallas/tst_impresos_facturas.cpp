@@ -305,9 +305,9 @@ private slots:
         QCOMPARE(control<QLabel>(f, "lbl_Irpf")->text(), QStringLiteral("RETENCIÓN I.R.P.F. (%1 %) *").arg(irpf));
         rellenarFactura(f, importes);
         auto* chk = control<QCheckBox>(f, "chk_Retencion");
-        if (accion.endsWith(QLatin1String("retención")) || accion == QLatin1String("con retención otra vez"))
+        if (accion.endsWith(QStringLiteral("retención")) || accion == QStringLiteral("con retención otra vez"))
             chk->setChecked(true);
-        if (accion == QLatin1String("con retención otra vez"))
+        if (accion == QStringLiteral("con retención otra vez"))
             chk->setChecked(false);
         if (accion == QLatin1String("borrar")) {
             m_e->respuestas << Respuesta::Si;
@@ -634,7 +634,7 @@ private slots:
         QFETCH(QString, foco);
         frmMenu::instancia()->show();
         auto* f = factura();
-        rellenarFactura(f, falta == QLatin1String("líneas") ? QStringList{} : QStringList{"100"});
+        rellenarFactura(f, falta == QStringLiteral("líneas") ? QStringList{} : QStringList{"100"});
         if (falta == QLatin1String("proyecto"))
             caja(f, "txt_CodProyecto")->clear();
         if (falta == QLatin1String("emisor"))
@@ -672,11 +672,11 @@ private slots:
         rellenarFactura(f, {"100"});
         imprimir(f);
         f = factura(QStringLiteral("B1"), QStringLiteral("MODIFICAR"), filas("SELECT Clave FROM datosB1B3B4")[0]["Clave"].toLongLong());
-        if (cambio == QLatin1String("línea"))
+        if (cambio == QStringLiteral("línea"))
             anadirLinea(f, QStringLiteral("Otra"), QStringLiteral("1"));
-        if (cambio == QLatin1String("retención"))
+        if (cambio == QStringLiteral("retención"))
             control<QCheckBox>(f, "chk_Retencion")->setChecked(true);
-        if (cambio == QLatin1String("mayúsculas"))
+        if (cambio == QStringLiteral("mayúsculas"))
             caja(f, "txt_Lugar")->setText(QStringLiteral("JACA"));
         m_e->respuestas << Respuesta::No;
         Pantallas::descargar(f);
