@@ -104,13 +104,7 @@ void bloqueCliente(const Consulta& proyecto, FilaTemporal& fila)
     if (!cli.siguiente())
         return;
     const auto datosPersona = [&fila](const Consulta& c, const QString& prefijo) {
-        fila.poner(prefijo + QStringLiteral("NOM"), nombreCompleto(c));
-        fila.poner(prefijo + QStringLiteral("NIF"), texto(c, QStringLiteral("NIF")));
-        fila.poner(prefijo + QStringLiteral("DOM"), texto(c, QStringLiteral("Dirección_Cli")));
-        fila.poner(prefijo + QStringLiteral("MUN"), texto(c, QStringLiteral("Municipio_Cli")));
-        fila.poner(prefijo + QStringLiteral("PRO"), texto(c, QStringLiteral("Provincia_Cli")));
-        fila.poner(prefijo + QStringLiteral("CP"), texto(c, QStringLiteral("cp")));
-        fila.poner(prefijo + QStringLiteral("TEL"), texto(c, QStringLiteral("Tfno_Cli")));
+        columnasPersona(c, prefijo, fila, ConCodigo::No);
         fila.poner(prefijo + QStringLiteral("EMAIL"), texto(c, QStringLiteral("Correo_Cli")));
     };
     // esR nulo o -1 (también 0): persona que actúa sola; otro valor: sociedad con representante.

@@ -188,6 +188,20 @@ void frmDatosImpreso_B1_B3_B4::abrirDetalle(const QString& operacion, QTreeWidge
     d.exec();
 }
 
+QTreeWidgetItem* frmDatosImpreso_B1_B3_B4::lineaElegida(const QString& avisoVacia, const QString& avisoSinElegir)
+{
+    if (ui->lvw_Concepto->topLevelItemCount() == 0) {
+        Mensajes::informacion(avisoVacia);
+        return nullptr;
+    }
+    const QList<QTreeWidgetItem*> sel = ui->lvw_Concepto->selectedItems();
+    if (sel.isEmpty()) {
+        Mensajes::aviso(avisoSinElegir);
+        return nullptr;
+    }
+    return sel.first();
+}
+
 void frmDatosImpreso_B1_B3_B4::cmd_Anadir_Click()
 {
     guardia(FORMULARIO, QStringLiteral("cmd_Anadir_Click"), [&] { abrirDetalle(QStringLiteral("ALTA"), nullptr); });
@@ -196,35 +210,21 @@ void frmDatosImpreso_B1_B3_B4::cmd_Anadir_Click()
 void frmDatosImpreso_B1_B3_B4::lvw_Concepto_DblClick()
 {
     guardia(FORMULARIO, QStringLiteral("lvw_Concepto_DblClick"), [&] {
-        if (ui->lvw_Concepto->topLevelItemCount() == 0) {
-            Mensajes::informacion(QStringLiteral("No hay líneas de detalle en la lista"));
-            return;
-        }
-        const QList<QTreeWidgetItem*> sel = ui->lvw_Concepto->selectedItems();
-        if (sel.isEmpty()) {
-            Mensajes::aviso(QStringLiteral("Por favor, seleccione una línea de detalle para modificar"));
-            return;
-        }
-        abrirDetalle(QStringLiteral("MODIFICAR"), sel.first());
+        if (QTreeWidgetItem* fila = lineaElegida(QStringLiteral("No hay líneas de detalle en la lista"),
+                                                 QStringLiteral("Por favor, seleccione una línea de detalle para modificar")))
+            abrirDetalle(QStringLiteral("MODIFICAR"), fila);
     });
 }
 
 void frmDatosImpreso_B1_B3_B4::cmd_Borrar_Click()
 {
     guardia(FORMULARIO, QStringLiteral("cmd_Borrar_Click"), [&] {
-        if (ui->lvw_Concepto->topLevelItemCount() == 0) {
-            Mensajes::informacion(QStringLiteral("La lista de detalles de la factura está vacía"));
-            return;
-        }
-        const QList<QTreeWidgetItem*> sel = ui->lvw_Concepto->selectedItems();
         // Sin línea elegida no hay qué borrar: se dice, en lugar de fallar.
-        if (sel.isEmpty()) {
-            Mensajes::aviso(QStringLiteral("Por favor, seleccione una línea de detalle para eliminar"));
+        QTreeWidgetItem* fila = lineaElegida(QStringLiteral("La lista de detalles de la factura está vacía"),
+                                             QStringLiteral("Por favor, seleccione una línea de detalle para eliminar"));
+        if (!fila || Mensajes::pregunta(QStringLiteral("¿Realmente desea eliminar la línea de detalle seleccionada?")) != Mensajes::Respuesta::Si)
             return;
-        }
-        if (Mensajes::pregunta(QStringLiteral("¿Realmente desea eliminar la línea de detalle seleccionada?")) != Mensajes::Respuesta::Si)
-            return;
-        delete sel.first();
+        delete fila;
         sumarConceptos();
     });
 }

@@ -64,6 +64,8 @@ private:
     void abrirDetalle(const QString& operacion, QTreeWidgetItem* fila);
     void agregarLinea(const QString& concepto, const QString& importe);
     void sumarConceptos();
+    // La línea elegida de la lista; sin líneas, o sin ninguna elegida, avisa y da nulo.
+    QTreeWidgetItem* lineaElegida(const QString& avisoVacia, const QString& avisoSinElegir);
     qint64 codigoEmisor() const;
 
     std::unique_ptr<Ui::frmDatosImpreso_B1_B3_B4> ui;

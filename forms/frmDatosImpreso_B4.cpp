@@ -38,10 +38,22 @@ FilaTemporal frmDatosImpreso_B4::columnas(Destino destino) const
     ponerPersonas(f);
     BloquesImpreso::columnaAgenciaTributaria(f);
     ponerPie(f);
-    // Sin condición de año: todas las facturas del par, como se decidió.
-    Consulta sumas(SQL_CANTIDADES, {txt_CodPerceptor->text().trimmed().toLongLong(), txt_CodPagador->text().trimmed().toLongLong()});
-    if (BloquesImpreso::leerFila(sumas, AVISO_CANTIDADES))
-        for (const QString& c : {QStringLiteral("Rendimientos"), QStringLiteral("Retencion"), QStringLiteral("ImporteIntegro")})
-            ponerImporte(f, c, sumas.valor(c), destino);
+    // La temporal se escribe tras el histórico en la misma transacción: las sumas del histórico
+    // valen para ella, y una base de muchas facturas no se recorre dos veces.
+    if (destino == Destino::Historico || !m_sumas) {
+        m_sumas.reset();
+        // Sin condición de año: todas las facturas del par, como se decidió.
+        Consulta sumas(SQL_CANTIDADES, {txt_CodPerceptor->text().trimmed().toLongLong(), txt_CodPagador->text().trimmed().toLongLong()});
+        if (BloquesImpreso::leerFila(sumas, AVISO_CANTIDADES))
+            m_sumas = QVariantList{sumas.valor(QStringLiteral("Rendimientos")), sumas.valor(QStringLiteral("Retencion")),
+                                   sumas.valor(QStringLiteral("ImporteIntegro"))};
+    }
+    if (m_sumas) {
+        const QStringList columnas{QStringLiteral("Rendimientos"), QStringLiteral("Retencion"), QStringLiteral("ImporteIntegro")};
+        for (int i = 0; i < columnas.size(); ++i)
+            ponerImporte(f, columnas[i], m_sumas->at(i), destino);
+    }
+    if (destino == Destino::Temporal)
+        m_sumas.reset();
     return f;
 }

@@ -2,6 +2,7 @@
 #include "forms/CertificadoRetenciones.h"
 
 #include <memory>
+#include <optional>
 
 namespace Ui {
 class frmDatosImpreso_B4;
@@ -35,4 +36,6 @@ protected:
 
 private:
     std::unique_ptr<Ui::frmDatosImpreso_B4> ui;
+    // Sumas del último histórico escrito, para la temporal que le sigue.
+    mutable std::optional<QVariantList> m_sumas;
 };
