@@ -7,6 +7,10 @@
 // Impresos A2 y A3.
 #include "forms/frmDatosImpreso_A2.h"
 #include "forms/frmDatosImpreso_A3.h"
+// Facturas y certificados de retenciones.
+#include "forms/frmDatosImpreso_B1_B3_B4.h"
+#include "forms/frmDatosImpreso_B4.h"
+#include "forms/frmDatosImpreso_B4_Propio.h"
 #include "reports/TablaImpresos.h"
 
 #include <QHash>
@@ -25,6 +29,10 @@ const QHash<QString, Fabrica>& fabricas()
         // Impresos A2 y A3.
         {QStringLiteral("frmDatosImpreso_A2"), [] { return new frmDatosImpreso_A2; }},
         {QStringLiteral("frmDatosImpreso_A3"), [] { return new frmDatosImpreso_A3; }},
+        // Facturas y certificados de retenciones.
+        {QStringLiteral("frmDatosImpreso_B1_B3_B4"), [] { return new frmDatosImpreso_B1_B3_B4; }},
+        {QStringLiteral("frmDatosImpreso_B4"), [] { return new frmDatosImpreso_B4; }},
+        {QStringLiteral("frmDatosImpreso_B4_Propio"), [] { return new frmDatosImpreso_B4_Propio; }},
     };
     return f;
 }
@@ -44,6 +52,7 @@ bool abrirImpreso(const PeticionFicha& p)
             return true;
     DatosImpreso* f = crearPantallaImpreso(d->pantalla);
     f->Operacion = p.operacion;
+    f->TipoImpreso = v->tipoImpreso;
     f->setTag(p.operacion);
     if (!alta)
         f->Clave = p.codigo;

@@ -109,13 +109,7 @@ void bloqueCliente(const Consulta& proyecto, FilaTemporal& fila)
     if (!cli.siguiente())
         return;
     const auto datosPersona = [&fila](const Consulta& c, const QString& prefijo) {
-        fila.poner(prefijo + QStringLiteral("NOM"), nombreCompleto(c));
-        fila.poner(prefijo + QStringLiteral("NIF"), texto(c, QStringLiteral("NIF")));
-        fila.poner(prefijo + QStringLiteral("DOM"), texto(c, QStringLiteral("Dirección_Cli")));
-        fila.poner(prefijo + QStringLiteral("MUN"), texto(c, QStringLiteral("Municipio_Cli")));
-        fila.poner(prefijo + QStringLiteral("PRO"), texto(c, QStringLiteral("Provincia_Cli")));
-        fila.poner(prefijo + QStringLiteral("CP"), texto(c, QStringLiteral("cp")));
-        fila.poner(prefijo + QStringLiteral("TEL"), texto(c, QStringLiteral("Tfno_Cli")));
+        columnasPersona(c, prefijo, fila, ConCodigo::No);
         fila.poner(prefijo + QStringLiteral("EMAIL"), texto(c, QStringLiteral("Correo_Cli")));
     };
     // esR nulo o -1 (también 0): persona que actúa sola; otro valor: sociedad con representante.
@@ -361,6 +355,36 @@ int escribirFila(qint64 pryCod, const QString& tablaTemporal, const QList<CampoI
             fila.poner(c.columna, valorTemporal(c));
     fila.insertarEn(tablaTemporal);
     return 1;
+}
+
+// ---------------------------------------------------------------- facturas y certificados
+
+void columnasPersona(const Consulta& c, const QString& prefijo, FilaTemporal& fila, ConCodigo codigo)
+{
+    fila.poner(prefijo + QStringLiteral("NOM"), nombreCompleto(c));
+    if (codigo == ConCodigo::Si)
+        fila.poner(prefijo + QStringLiteral("COD"), c.valor(QStringLiteral("Codigo_Cli")));
+    fila.poner(prefijo + QStringLiteral("NIF"), texto(c, QStringLiteral("NIF")));
+    fila.poner(prefijo + QStringLiteral("DOM"), texto(c, QStringLiteral("Dirección_Cli")));
+    fila.poner(prefijo + QStringLiteral("MUN"), texto(c, QStringLiteral("Municipio_Cli")));
+    fila.poner(prefijo + QStringLiteral("PRO"), texto(c, QStringLiteral("Provincia_Cli")));
+    fila.poner(prefijo + QStringLiteral("TEL"), texto(c, QStringLiteral("Tfno_Cli")));
+    fila.poner(prefijo + QStringLiteral("CP"), texto(c, QStringLiteral("cp")));
+}
+
+bool leerFila(Consulta& consulta, const QString& avisoSinFila)
+{
+    if (consulta.siguiente())
+        return true;
+    Mensajes::aviso(avisoSinFila);
+    return false;
+}
+
+void columnaAgenciaTributaria(FilaTemporal& fila)
+{
+    Consulta c(QStringLiteral("SELECT AgenciaTributaria FROM Config"));
+    if (leerFila(c, QStringLiteral("No se ha podido cargar la ubicación de la Agencia Tributaria")))
+        fila.poner(QStringLiteral("AgenciaTributaria"), texto(c, QStringLiteral("AgenciaTributaria")));
 }
 
 }  // namespace BloquesImpreso

@@ -110,5 +110,21 @@ int escribirFila(qint64 pryCod, const QString& tablaTemporal, const QList<CampoI
 // Celda numérica de un impreso: el texto recortado, nulo si está vacío (nunca un cero). En las
 // columnas numéricas del histórico va su valor; un texto que no es número se guarda tal cual.
 QVariant numeroONulo(const QString& texto);
+// ---------------------------------------------------------------- facturas y certificados
+
+// Persona de una factura o de un certificado (emisor, cliente, perceptor, pagador) con el prefijo
+// de sus columnas: NOM (nombre completo), COD, NIF, DOM, MUN, PRO, TEL y CP, un nulo como "".
+// Las temporales de la factura no llevan el código.
+enum class ConCodigo { No, Si };
+void columnasPersona(const Consulta& persona, const QString& prefijo, FilaTemporal& fila, ConCodigo codigo = ConCodigo::Si);
+// Una consulta ya en su primera fila; sin fila avisa con el texto dado y devuelve false.
+bool leerFila(Consulta& consulta, const QString& avisoSinFila);
+// Arquitecto de OTROS por su código.
+inline const QString SQL_OTROS_ARQUITECTO =
+    QStringLiteral("SELECT * FROM OTROS WHERE Codigo_Cli = ? AND UCASE(Categoria) = 'ARQUITECTO'");
+
+// AgenciaTributaria de Config; sin fila avisa "No se ha podido cargar la ubicación de la Agencia
+// Tributaria" y la columna no se pone.
+void columnaAgenciaTributaria(FilaTemporal& fila);
 
 }  // namespace BloquesImpreso

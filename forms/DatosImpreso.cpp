@@ -19,7 +19,13 @@ DatosImpreso::DatosImpreso(const QString& pantalla, QWidget* padre)
     setObjectName(pantalla);
 }
 
-const VarianteImpreso& DatosImpreso::variante() const { return m_definicion->variantes.constFirst(); }
+const VarianteImpreso& DatosImpreso::variante() const
+{
+    for (const VarianteImpreso& v : m_definicion->variantes)
+        if (!TipoImpreso.isEmpty() && v.tipoImpreso == TipoImpreso)
+            return v;
+    return m_definicion->variantes.constFirst();
+}
 
 void DatosImpreso::enlazarControles(const QString& buscarProyecto, const QString& borrarProyecto)
 {
@@ -30,8 +36,13 @@ void DatosImpreso::enlazarControles(const QString& buscarProyecto, const QString
     if (m_definicion->conProyecto) {
         txt_CodProyecto = findChild<QLineEdit*>(QStringLiteral("txt_CodProyecto"));
         txt_Proyecto = findChild<QLineEdit*>(QStringLiteral("txt_Proyecto"));
+        // Con varios botones de búsqueda, el del proyecto es el primero de la matriz.
         img_Buscar = findChild<QToolButton*>(buscarProyecto);
+        if (!img_Buscar)
+            img_Buscar = findChild<QToolButton*>(buscarProyecto + QStringLiteral("_0"));
         img_Borrar = findChild<QToolButton*>(borrarProyecto);
+        if (!img_Borrar)
+            img_Borrar = findChild<QToolButton*>(borrarProyecto + QStringLiteral("_0"));
         Q_ASSERT(txt_CodProyecto && txt_Proyecto && img_Buscar && img_Borrar);
         txt_CodProyecto->setReadOnly(true);
         txt_Proyecto->setReadOnly(true);
@@ -60,6 +71,8 @@ bool DatosImpreso::cargar()
     aplicarLimites();
 
     UsoConexion uso;
+    if (!prepararCarga())
+        return false;
     if (Operacion == QLatin1String("ALTA")) {
         txt_Fecha->setText(Formato::fechaPie(QDate::currentDate()));
         Consulta c(QStringLiteral("SELECT Municipio FROM Config"));
@@ -244,4 +257,31 @@ bool DatosImpreso::guardarAlSalir()
         guardarDatosHistorico();
     }
     return !m_cancelarCierre;
+}
+
+// ---------------------------------------------------------------- pares código y nombre
+
+PeticionSelector DatosImpreso::peticionPar(PeticionSelector p, QLineEdit* codigo, QLineEdit* nombre, std::function<void()> recibido)
+{
+    QPointer<QLineEdit> cod(codigo), nom(nombre);
+    const auto escribir = [cod, nom, recibido](qint64 c, const QString& n) {
+        if (!cod || !nom)
+            return;
+        nom->setText(n);
+        cod->setText(QString::number(c));
+        if (recibido)
+            recibido();
+    };
+    p.llamador = this;
+    p.alElegir = [escribir](const Eleccion& e) {
+        escribir(e.codigo, e.nombreCompleto);
+        return true;
+    };
+    p.alDarDeAlta = [escribir](const RegistroGuardado& r) { escribir(r.codigo, r.nombre); };
+    return p;
+}
+
+void DatosImpreso::buscarPar(const PeticionSelector& p, QLineEdit* codigo, QLineEdit* nombre)
+{
+    frmBuscarSeleccionar::abrir(peticionPar(p, codigo, nombre));
 }

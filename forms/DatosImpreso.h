@@ -21,6 +21,9 @@ public:
     // Lo que fija quien la abre antes de Form_Load (el Tag lleva lo mismo que Operacion).
     QString Operacion;
     qint64 Clave = 0;
+    // Tipo de impreso que da la lista ("B1", "B3"...): elige la variante en las pantallas que dan
+    // varios impresos; vacío, la primera.
+    QString TipoImpreso;
 
     const DefinicionImpreso& definicion() const { return *m_definicion; }
     // Variante en curso (código, informe, títulos); las pantallas de un solo impreso tienen una.
@@ -50,6 +53,9 @@ protected:
 
     // Lo propio de cada impreso.
     virtual void aplicarLimites() {}
+    // Tras abrir la conexión, antes de los valores por omisión o de leer la fila: false detiene
+    // la carga (y la pantalla queda sin copia), como la factura sin tipos de IVA e IRPF.
+    virtual bool prepararCarga() { return true; }
     virtual void valoresPorDefecto() {}                       // "ALTA"
     virtual void cargarCampos(const Consulta& fila) = 0;      // "MODIFICAR": sus columnas
     virtual Campos camposHistorico() const = 0;               // columnas en su orden, sin la marca de tipo
@@ -88,6 +94,11 @@ protected:
     QLineEdit* txt_Fecha = nullptr;
     QToolBar* tlb_BotoneraImprimir = nullptr;
     QAction* m_botonImprimir = nullptr;
+
+    // Petición de un selector que devuelve un registro (nombre completo y código) a un par de la
+    // pantalla, elegido o dado de alta desde él; "recibido" corre tras escribirlo. buscarPar la abre.
+    PeticionSelector peticionPar(PeticionSelector peticion, QLineEdit* codigo, QLineEdit* nombre, std::function<void()> recibido = {});
+    void buscarPar(const PeticionSelector& peticion, QLineEdit* codigo, QLineEdit* nombre);
 
 private:
     QString m_pantalla;

@@ -21,6 +21,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QToolButton>
 #include <QTreeWidget>
 #include <QtTest>
 
@@ -284,6 +285,26 @@ private slots:
                 << QStringLiteral("impreso %1").arg(QLatin1String(impreso)) << -1 << "nuevo" << QStringList{"txt_Trabajo=Almacén"}
                 << QStringList{"txt_CodProyecto", "txt_Proyecto"} << QStringList{"8", "Almacén"};
         }
+        // Facturas y certificados de retenciones: sus botones de búsqueda por índice.
+        const QStringList emisor{"txt_CodEmisor", "txt_Emisor"}, perceptor{"txt_CodPerceptor", "txt_Perceptor"},
+            pagador{"txt_CodPagador", "txt_Pagador"};
+        QTest::newRow("proyecto de la factura") << "impreso B1" << 0 << "elegir 7" << QStringList{}
+                                                << QStringList{"txt_CodProyecto", "txt_Proyecto"} << QStringList{"7", "Nave agrícola"};
+        QTest::newRow("emisor de la factura") << "impreso B1" << 1 << "elegir 1" << QStringList{} << emisor << QStringList{"1", "Ana Ruiz"};
+        QTest::newRow("emisor nuevo de la factura") << "impreso B1" << 1 << "nuevo" << arquitecto << emisor << QStringList{"6", "Marta Vidal"};
+        QTest::newRow("perceptor del certificado ajeno") << "impreso B4_A" << 0 << "elegir 1" << QStringList{} << perceptor
+                                                         << QStringList{"1", "Ana Ruiz"};
+        QTest::newRow("perceptor nuevo del certificado ajeno") << "impreso B4_A" << 0 << "nuevo" << arquitecto << perceptor
+                                                               << QStringList{"6", "Marta Vidal"};
+        QTest::newRow("pagador del certificado ajeno") << "impreso B4_A" << 1 << "elegir 1" << QStringList{} << pagador
+                                                       << QStringList{"1", "María López"};
+        QTest::newRow("pagador nuevo del certificado ajeno") << "impreso B4_A" << 1 << "nuevo"
+                                                             << QStringList{"txt_Nombre=Rosa", "txt_Apellidos=Gil", "txt_NIF=22222222J"}
+                                                             << pagador << QStringList{"2", "Rosa Gil"};
+        QTest::newRow("pagador del certificado propio") << "impreso B4_P" << 1 << "elegir 1" << QStringList{} << pagador
+                                                        << QStringList{"1", "Ana Ruiz"};
+        QTest::newRow("pagador nuevo del certificado propio") << "impreso B4_P" << 1 << "nuevo" << arquitecto << pagador
+                                                              << QStringList{"6", "Marta Vidal"};
     }
 
     void rutasDeDevolucion()
@@ -323,10 +344,20 @@ private slots:
             receptor = c;
             c->img_Buscar_Click(boton);
         } else {
-            QVERIFY(Fichas::abrir({.tabla = QStringLiteral("DATOSA1B2"), .tipoImpreso = pantalla.mid(8), .operacion = QStringLiteral("ALTA")}));
+            // "impreso B4_P": la pantalla de ese tipo, abierta desde su lista; su botón por índice.
+            const QString tipo = pantalla.mid(8);
+            QString lista;
+            for (const DefinicionImpreso& d : TablaImpresos::todas())
+                for (const VarianteImpreso& v : d.variantes)
+                    if (v.tipoImpreso == tipo)
+                        lista = d.tablaBusqueda;
+            QVERIFY(Fichas::abrir({.tabla = lista, .tipoImpreso = tipo, .operacion = QStringLiteral("ALTA")}));
             auto* d = Pantallas::cargada<DatosImpreso>();
             receptor = d;
-            d->img_Buscar_Click();
+            if (boton < 0)
+                d->img_Buscar_Click();
+            else
+                d->findChild<QToolButton*>(QStringLiteral("img_Buscar_%1").arg(boton))->click();
         }
         QPointer<frmBuscarSeleccionar> s = Pantallas::cargada<frmBuscarSeleccionar>();
         QVERIFY(s);
