@@ -20,6 +20,7 @@
 #include <QPushButton>
 #include <QStatusBar>
 #include <QToolBar>
+#include <QToolButton>
 #include <QTreeView>
 #include <sqlite3.h>
 
@@ -149,6 +150,15 @@ void PantallaBusqueda::enlazarControles()
         a->setToolTip(QString::fromUtf8(consejos[i]));
         connect(a, &QAction::triggered, this, [this, i] { tlb_BotoneraExportar_ButtonClick(i + 1); });
         m_exportar << a;
+    }
+    // El impreso en blanco lleva su texto: un icono gris solo no dice qué hace.
+    m_exportar[3]->setText(QString::fromUtf8(consejos[3]));
+    if (auto* b = qobject_cast<QToolButton*>(tlb_BotoneraExportar->widgetForAction(m_exportar[3])))
+        b->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+    // Las botoneras no ceden ancho a la caja de búsqueda: ningún botón acaba tras "»".
+    for (QToolBar* t : {tlb_BotoneraBuscar, tlb_BotoneraExportar}) {
+        t->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+        t->setMinimumWidth(t->sizeHint().width());
     }
 
     m_panel1 = new QLabel(sta_1);
