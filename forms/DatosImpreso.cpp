@@ -4,6 +4,7 @@
 #include "core/modFunciones.h"
 #include "forms/BloquesImpreso.h"
 #include "reports/VistaImpreso.h"
+#include "reports/frmVisorCrystal.h"
 #include "search/AbrirBusqueda.h"
 
 #include <QAction>
@@ -240,10 +241,12 @@ void DatosImpreso::tlb_BotoneraImprimir_ButtonClick()
     if (!ok && enTransaccion)
         Mensajes::aviso(TablaImpresos::AVISO_FALLO);
 
-    // Un impreso nuevo sólo vive hasta su primera vista previa: se cierra y se abre su lista.
+    // Un impreso nuevo sólo vive hasta su primera vista previa: se cierra y se abre su lista,
+    // detrás de la vista previa recién hecha.
     if (tag() == QLatin1String("ALTA")) {
         Pantallas::descargar(this);
         abrirListaImpreso(v.entradaMenu);
+        Pantallas::activar(Pantallas::cargada<frmVisorCrystal>());
     }
 }
 

@@ -14,6 +14,12 @@
 #include "search/ModeloResultados.h"
 #include "forms/DatosImpreso.h"
 #include "search/frmBuscar.h"
+#include "search/AbrirBusqueda.h"
+#include "masterdata/frmValidarNIFCIF.h"
+
+#include <QMdiArea>
+#include <QMdiSubWindow>
+#include <QMenu>
 #include "tests/comun/EntornoPrueba.h"
 #include "tests/pantallas/PruebaPantallas.h"
 
@@ -51,6 +57,12 @@ void escribir(QWidget* w, const char* control, const QString& texto)
     auto* c = w->findChild<QLineEdit*>(QString::fromLatin1(control));
     QVERIFY2(c, control);
     c->setText(texto);
+}
+
+QWidget* delante()
+{
+    QMdiSubWindow* sub = Pantallas::areaPrincipal()->activeSubWindow();
+    return sub ? sub->widget() : nullptr;
 }
 
 QString texto(QWidget* w, const char* control) { return w->findChild<QLineEdit*>(QString::fromLatin1(control))->text(); }
@@ -393,6 +405,67 @@ private slots:
         QCOMPARE(leidos, esperado);
         // Nadie escribe en otra pantalla por su nombre: la lista del menú sigue sin abrirse.
         QVERIFY(!Pantallas::cargada<frmBuscar>());
+    }
+
+    // La pantalla que pidió algo vuelve al frente cuando se cierra lo que abrió, aunque su lista
+    // esté abierta detrás; y el menú "Ventana" alcanza cualquier pantalla abierta.
+    void laQuePideVuelveAlFrente()
+    {
+        EntornoPrueba e;
+        e.conectar();
+        {
+            UsoConexion uso;
+            ejecutar(QStringLiteral("INSERT INTO Proyectos_A (PryCod, EXPNUM, Trabajo) VALUES (7, '2008/1', 'Nave agrícola')"));
+            ejecutar(QStringLiteral("INSERT INTO Clientes (Codigo_Cli, Nombre_Cli, Ape_Cli, NIF) VALUES (1, 'María', 'López', '11111111H')"));
+        }
+        frmMenu::instancia()->show();
+        procesarEventos();
+
+        QVERIFY(abrirListaImpreso(QStringLiteral("mnu_A1")));
+        auto* lista = Pantallas::cargada<frmBuscar>();
+        QVERIFY(lista);
+        lista->cmd_Nuevo_Click();
+        procesarEventos();
+        auto* impreso = Pantallas::cargada<DatosImpreso>();
+        QVERIFY(impreso);
+        impreso->img_Buscar_Click();
+        procesarEventos();
+        elegir(7);
+        procesarEventos();
+        QCOMPARE(delante(), impreso);
+
+        QVERIFY(abrirListaMaestra(QStringLiteral("CLIENTES")));
+        auto* clientes = Pantallas::cargada<frmBuscar>();
+        QVERIFY(Fichas::abrir({.tabla = QStringLiteral("CLIENTES"), .operacion = QStringLiteral("ALTA")}));
+        auto* cliente = Pantallas::cargada<frmCliente>();
+        escribir(cliente, "txt_NIF", QStringLiteral("11111111H"));
+        cliente->img_Validar_Click();
+        procesarEventos();
+        auto* comprobacion = Pantallas::cargada<frmValidarNIFCIF>();
+        QVERIFY(comprobacion);
+        QCOMPARE(delante(), comprobacion);
+        QVERIFY(Pantallas::descargar(comprobacion));
+        procesarEventos();
+        QCOMPARE(delante(), cliente);
+
+        // Cada pantalla abierta tiene su entrada; elegirla la trae al frente.
+        auto* ventana = frmMenu::instancia()->findChild<QMenu*>(QStringLiteral("mnu_Ventana"));
+        QVERIFY(ventana);
+        emit ventana->aboutToShow();
+        QStringList entradas;
+        QAction* entradaImpreso = nullptr;
+        for (QAction* a : ventana->actions())
+            if (a->property("pantallaAbierta").toBool()) {
+                entradas << a->text().section(QLatin1Char(' '), 1);
+                if (a->text().endsWith(impreso->windowTitle()))
+                    entradaImpreso = a;
+            }
+        QCOMPARE(entradas.size(), 3);  // el impreso, la lista (una sola, ahora la de clientes) y el cliente
+        QVERIFY(entradas.contains(clientes->windowTitle()) && entradas.contains(cliente->windowTitle()));
+        QVERIFY(entradaImpreso);
+        entradaImpreso->trigger();
+        procesarEventos();
+        QCOMPARE(delante(), impreso);
     }
 
     // El tipo de perceptor elegido va a quien abrió la elección, y el selector se abre con la
