@@ -97,6 +97,7 @@ private slots:
         QFETCH(QString, texto);
         QFETCH(bool, valida);
         QWidget ventana;
+        auto* otro = new QLineEdit(&ventana);
         auto* msk = new QLineEdit(&ventana);
         prepararCampoFecha(msk);
         msk->setText(texto);
