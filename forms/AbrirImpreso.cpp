@@ -5,6 +5,11 @@
 #include "forms/frmDatosImpreso_A1.h"
 #include "forms/frmDatosImpreso_B2.h"
 #include "reports/TablaImpresos.h"
+// Nombramientos, hoja urbanística y comunicado de dirección.
+#include "forms/frmDatosImpreso_A4.h"
+#include "forms/frmDatosImpreso_A5.h"
+#include "forms/frmDatosImpreso_CSS.h"
+#include "forms/frmDatosImpreso_ComunicadoDireccionCoordinador.h"
 
 #include <QHash>
 #include <functional>
@@ -19,6 +24,11 @@ const QHash<QString, Fabrica>& fabricas()
     static const QHash<QString, Fabrica> f = {
         {QStringLiteral("frmDatosImpreso_A1"), [] { return new frmDatosImpreso_A1; }},
         {QStringLiteral("frmDatosImpreso_B2"), [] { return new frmDatosImpreso_B2; }},
+        // Nombramientos, hoja urbanística y comunicado de dirección.
+        {QStringLiteral("frmDatosImpreso_A4"), [] { return new frmDatosImpreso_A4; }},
+        {QStringLiteral("frmDatosImpreso_CSS"), [] { return new frmDatosImpreso_CSS; }},
+        {QStringLiteral("frmDatosImpreso_A5"), [] { return new frmDatosImpreso_A5; }},
+        {QStringLiteral("frmDatosImpreso_ComunicadoDireccionCoordinador"), [] { return new frmDatosImpreso_ComunicadoDireccionCoordinador; }},
     };
     return f;
 }

@@ -13,6 +13,7 @@
 #include "search/frmSeleccionarTipoPerceptor.h"
 #include "search/ModeloResultados.h"
 #include "forms/DatosImpreso.h"
+#include "reports/TablaImpresos.h"
 #include "search/frmBuscar.h"
 #include "tests/comun/EntornoPrueba.h"
 #include "tests/pantallas/PruebaPantallas.h"
@@ -276,7 +277,7 @@ private slots:
                                                     << QStringList{"txt_NumColegiado=88", "txt_Nombre=Taller SLP", "txt_Municipio=León"}
                                                     << QStringList{"txt_CodSoc", "txt_Sociedad", "txt_NumRegistro", "txt_Municipio"}
                                                     << QStringList{"", "Taller SLP", "88", "León"};
-        for (const char* impreso : {"A1", "B2"}) {
+        for (const char* impreso : {"A1", "B2", /* nombramientos, hoja urbanística y comunicado: */ "A4", "CSS", "A5", "CDC"}) {
             QTest::newRow(qPrintable(QStringLiteral("proyecto del %1").arg(QLatin1String(impreso))))
                 << QStringLiteral("impreso %1").arg(QLatin1String(impreso)) << -1 << "elegir 7" << QStringList{}
                 << QStringList{"txt_CodProyecto", "txt_Proyecto"} << QStringList{"7", "Nave agrícola"};
@@ -323,7 +324,14 @@ private slots:
             receptor = c;
             c->img_Buscar_Click(boton);
         } else {
-            QVERIFY(Fichas::abrir({.tabla = QStringLiteral("DATOSA1B2"), .tipoImpreso = pantalla.mid(8), .operacion = QStringLiteral("ALTA")}));
+            // "impreso X": el impreso de tipo X, abierto desde su lista.
+            const QString tipo = pantalla.mid(8);
+            QString lista;
+            for (const DefinicionImpreso& d : TablaImpresos::todas())
+                for (const VarianteImpreso& v : d.variantes)
+                    if (v.tipoImpreso == tipo)
+                        lista = d.tablaBusqueda;
+            QVERIFY(Fichas::abrir({.tabla = lista, .tipoImpreso = tipo, .operacion = QStringLiteral("ALTA")}));
             auto* d = Pantallas::cargada<DatosImpreso>();
             receptor = d;
             d->img_Buscar_Click();
