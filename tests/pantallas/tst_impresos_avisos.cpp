@@ -696,6 +696,10 @@ private slots:
                 escribir(f, "txt_LugarVisado", "Huesca");
             }
             captura(f, i.tipo);
+            if (auto* mst = f->findChild<QTabWidget*>("mst_1")) {
+                mst->setCurrentIndex(1);
+                captura(f, "A5_planeamiento");
+            }
             vistaPrevia(f);
             QCOMPARE(m_e->textos(), QStringList());
             exportar(modInformes::Informe->nombre());
@@ -728,6 +732,13 @@ private:
         const QString capturas = qEnvironmentVariable("CAPTURAS_IMPRESOS");
         if (capturas.isEmpty())
             return;
+        // En la pantalla principal del tamaño más pequeño admitido, como la vería el usuario.
+        if (frmMenu::instancia()->size() != QSize(1366, 768)) {
+            frmMenu::instancia()->resize(1366, 768);
+            procesarEventos();
+        }
+        Pantallas::mostrar(f);
+        procesarEventos();
         QWidget* ventana = f->parentWidget() ? f->parentWidget() : f;
         ventana->grab().save(QDir(capturas).filePath(QStringLiteral("pantalla_%1.png").arg(QLatin1String(nombre))));
     }
