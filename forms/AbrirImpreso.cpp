@@ -12,6 +12,11 @@
 #include "forms/frmDatosImpreso_B4.h"
 #include "forms/frmDatosImpreso_B4_Propio.h"
 #include "reports/TablaImpresos.h"
+// Nombramientos, hoja urbanística y comunicado de dirección.
+#include "forms/frmDatosImpreso_A4.h"
+#include "forms/frmDatosImpreso_A5.h"
+#include "forms/frmDatosImpreso_CSS.h"
+#include "forms/frmDatosImpreso_ComunicadoDireccionCoordinador.h"
 
 #include <QHash>
 #include <functional>
@@ -33,6 +38,11 @@ const QHash<QString, Fabrica>& fabricas()
         {QStringLiteral("frmDatosImpreso_B1_B3_B4"), [] { return new frmDatosImpreso_B1_B3_B4; }},
         {QStringLiteral("frmDatosImpreso_B4"), [] { return new frmDatosImpreso_B4; }},
         {QStringLiteral("frmDatosImpreso_B4_Propio"), [] { return new frmDatosImpreso_B4_Propio; }},
+        // Nombramientos, hoja urbanística y comunicado de dirección.
+        {QStringLiteral("frmDatosImpreso_A4"), [] { return new frmDatosImpreso_A4; }},
+        {QStringLiteral("frmDatosImpreso_CSS"), [] { return new frmDatosImpreso_CSS; }},
+        {QStringLiteral("frmDatosImpreso_A5"), [] { return new frmDatosImpreso_A5; }},
+        {QStringLiteral("frmDatosImpreso_ComunicadoDireccionCoordinador"), [] { return new frmDatosImpreso_ComunicadoDireccionCoordinador; }},
     };
     return f;
 }

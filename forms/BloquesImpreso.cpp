@@ -208,10 +208,7 @@ void paginaArquitectos(qint64 pryCod, int pagina, FilaTemporal& fila, QString& d
 
 void columnasProyecto(const Consulta& proyecto, FilaTemporal& fila)
 {
-    fila.poner(QStringLiteral("PRYNOM"), texto(proyecto, QStringLiteral("Trabajo")));
-    fila.poner(QStringLiteral("PRYDOM"), texto(proyecto, QStringLiteral("Emplazamiento")));
-    fila.poner(QStringLiteral("PRYMUN"), texto(proyecto, QStringLiteral("Municipio")));
-    fila.poner(QStringLiteral("PRYPRO"), texto(proyecto, QStringLiteral("Provincia")));
+    columnasObra(proyecto, fila);
     for (int i = 1; i <= 4; ++i) {
         const QString c = QStringLiteral("PRYF%1").arg(i);
         fila.poner(c, marca(proyecto.valor(c)));
@@ -385,6 +382,72 @@ void columnaAgenciaTributaria(FilaTemporal& fila)
     Consulta c(QStringLiteral("SELECT AgenciaTributaria FROM Config"));
     if (leerFila(c, QStringLiteral("No se ha podido cargar la ubicación de la Agencia Tributaria")))
         fila.poner(QStringLiteral("AgenciaTributaria"), texto(c, QStringLiteral("AgenciaTributaria")));
+}
+
+// ---------------------------------------------------------------- nombramientos y hojas resumen
+
+void columnasObra(const Consulta& proyecto, FilaTemporal& fila)
+{
+    fila.poner(QStringLiteral("PRYNOM"), texto(proyecto, QStringLiteral("Trabajo")));
+    fila.poner(QStringLiteral("PRYDOM"), texto(proyecto, QStringLiteral("Emplazamiento")));
+    fila.poner(QStringLiteral("PRYMUN"), texto(proyecto, QStringLiteral("Municipio")));
+    fila.poner(QStringLiteral("PRYPRO"), texto(proyecto, QStringLiteral("Provincia")));
+}
+
+namespace {
+
+// Nombres de las filas de un enlace del proyecto que están en OTROS como arquitectos, unidos por
+// ", "; las que no están se saltan.
+QString unirArquitectos(const QString& sql, qint64 pryCod)
+{
+    QStringList nombres;
+    for (Consulta c(sql, {pryCod}); c.siguiente();) {
+        const QVariant codigo = c.valor(QStringLiteral("Codigo_Arq"));
+        if (codigo.isNull())
+            continue;
+        Consulta otros(SQL_ARQUITECTO, {codigo});
+        if (otros.siguiente())
+            nombres << nombreCompleto(otros);
+    }
+    return nombres.join(QStringLiteral(", "));
+}
+
+}  // namespace
+
+QString nombresAutores(qint64 pryCod)
+{
+    return unirArquitectos(QStringLiteral("SELECT * FROM Autores_Proyecto WHERE PryCod = ? ORDER BY rowid"), pryCod);
+}
+
+void cabeceraResumen(const Consulta& proyecto, FilaTemporal& fila)
+{
+    fila.poner(QStringLiteral("PRYNOM"), texto(proyecto, QStringLiteral("Trabajo")));
+    fila.poner(QStringLiteral("PRYDOM"), texto(proyecto, QStringLiteral("Emplazamiento")));
+    fila.poner(QStringLiteral("CLIMUN"), texto(proyecto, QStringLiteral("Municipio")));
+    fila.poner(QStringLiteral("CLIPRO"), texto(proyecto, QStringLiteral("Provincia")));
+    const QVariant cliente = proyecto.valor(QStringLiteral("Codigo_Cliente"));
+    if (cliente.isNull())
+        return;
+    Consulta cli(QStringLiteral("SELECT * FROM Clientes WHERE Codigo_Cli = ?"), {cliente});
+    if (cli.siguiente())
+        fila.poner(QStringLiteral("CLINOM"), nombreCompleto(cli));
+}
+
+QString firmaResumen(qint64 pryCod)
+{
+    Consulta propia(QStringLiteral("SELECT * FROM Arquitectos_Proyecto WHERE PryCod = ? AND EsPropiaSociedad <> 0 ORDER BY rowid"),
+                    {pryCod});
+    if (!propia.siguiente())
+        return unirArquitectos(QStringLiteral("SELECT * FROM Arquitectos_Proyecto WHERE PryCod = ? ORDER BY rowid"), pryCod);
+    const QVariant codigo = propia.valor(QStringLiteral("Codigo_Arq"));
+    if (codigo.isNull())
+        return {};
+    Consulta soc(SQL_ARQUITECTO, {codigo});
+    if (!soc.siguiente()) {
+        Mensajes::aviso(AVISO_SOCIEDAD_NO_HALLADA);
+        return {};
+    }
+    return texto(soc, QStringLiteral("Nombre_Cli")).trimmed();
 }
 
 }  // namespace BloquesImpreso

@@ -127,4 +127,22 @@ inline const QString SQL_OTROS_ARQUITECTO =
 // Tributaria" y la columna no se pone.
 void columnaAgenciaTributaria(FilaTemporal& fila);
 
+
+// ---- Comunicaciones de nombramiento (A4, CSS, comunicado de dirección) y hojas resumen (A5)
+
+// Columnas del trabajo sin las marcas del alcance: PRYNOM, PRYDOM, PRYMUN y PRYPRO.
+void columnasObra(const Consulta& proyecto, FilaTemporal& fila);
+
+// Nombres completos de los arquitectos autores del proyecto (Autores_Proyecto), unidos por ", ".
+QString nombresAutores(qint64 pryCod);
+
+// Cabecera de las hojas resumen (A2, A3, A5): PRYNOM y PRYDOM del trabajo, CLIMUN y CLIPRO del
+// municipio y la provincia del proyecto (no del cliente), CLINOM el nombre del cliente.
+void cabeceraResumen(const Consulta& proyecto, FilaTemporal& fila);
+
+// Quién firma una hoja resumen (ARQ1NOM): la sociedad que es arquitecto de su propio proyecto,
+// sola; si no la hay, todos los arquitectos del proyecto unidos por ", ". Una sociedad que ya
+// no está en OTROS da el aviso y deja el texto vacío.
+QString firmaResumen(qint64 pryCod);
+
 }  // namespace BloquesImpreso

@@ -1,5 +1,7 @@
 #include "forms/DatosImpreso.h"
 
+#include "core/AyudaFecha.h"
+#include "core/Fechas.h"
 #include "core/Iconos.h"
 #include "core/modFunciones.h"
 #include "forms/BloquesImpreso.h"
@@ -8,8 +10,13 @@
 #include "search/AbrirBusqueda.h"
 
 #include <QAction>
+#include <QDate>
+#include <QEvent>
 #include <QLineEdit>
 #include <QPointer>
+#include <QStackedWidget>
+#include <QTabWidget>
+#include <QTimer>
 #include <QToolBar>
 #include <QToolButton>
 
@@ -156,8 +163,10 @@ QList<QWidget*> DatosImpreso::controlesCopia() const
 bool DatosImpreso::avisar(QWidget* campo, const QString& texto)
 {
     Mensajes::aviso(texto);
-    if (campo)
+    if (campo) {
+        mostrarPestana(campo);
         campo->setFocus();
+    }
     return false;
 }
 
@@ -287,4 +296,97 @@ PeticionSelector DatosImpreso::peticionPar(PeticionSelector p, QLineEdit* codigo
 void DatosImpreso::buscarPar(const PeticionSelector& p, QLineEdit* codigo, QLineEdit* nombre)
 {
     frmBuscarSeleccionar::abrir(peticionPar(p, codigo, nombre));
+}
+
+// ---------------------------------------------------------------- fechas con máscara y pestañas
+
+namespace {
+
+// Un campo de fecha: al entrar, el globo bajo el campo (o encima si no cabe) y el contenido
+// seleccionado; al salir, el globo se oculta.
+class FiltroCampoFecha : public QObject {
+public:
+    FiltroCampoFecha(QLineEdit* campo, AyudaFecha* ayuda) : QObject(campo), m_campo(campo), m_ayuda(ayuda) {}
+
+    bool eventFilter(QObject*, QEvent* e) override
+    {
+        if (e->type() == QEvent::FocusIn) {
+            m_ayuda->mostrarAyuda(1);
+            QWidget* pantalla = m_ayuda->parentWidget();
+            QPoint p = m_campo->mapTo(pantalla, QPoint(0, m_campo->height() + 2));
+            if (p.y() + m_ayuda->height() > pantalla->height())
+                p.setY(m_campo->mapTo(pantalla, QPoint(0, 0)).y() - m_ayuda->height() - 2);
+            p.setX(qMin(p.x(), qMax(0, pantalla->width() - m_ayuda->width())));
+            m_ayuda->move(p);
+            // El campo coloca el cursor al recibir el foco; se selecciona después.
+            QPointer<QLineEdit> campo(m_campo);
+            QTimer::singleShot(0, m_campo, [campo] {
+                if (campo)
+                    campo->selectAll();
+            });
+        } else if (e->type() == QEvent::FocusOut) {
+            m_ayuda->mostrarAyuda(0);
+        }
+        return false;
+    }
+
+private:
+    QLineEdit* m_campo;
+    AyudaFecha* m_ayuda;
+};
+
+QDate fechaDe(const QLineEdit* campo)
+{
+    const QString t = campo->displayText().trimmed();
+    if (t == FECHA_VACIA)
+        return {};
+    return QDate::fromString(textoFechaNormalizado(t), QStringLiteral("dd/MM/yyyy"));
+}
+
+}  // namespace
+
+void DatosImpreso::prepararFechas(const QList<QLineEdit*>& campos)
+{
+    if (!m_ayudaFecha)
+        m_ayudaFecha = new AyudaFecha(this);
+    for (QLineEdit* c : campos) {
+        prepararCampoFecha(c);
+        c->installEventFilter(new FiltroCampoFecha(c, m_ayudaFecha));
+    }
+}
+
+void DatosImpreso::mostrarAyuda(int mostrar)
+{
+    if (m_ayudaFecha)
+        m_ayudaFecha->mostrarAyuda(mostrar);
+}
+
+QVariant DatosImpreso::fechaHistorico(const QLineEdit* campo)
+{
+    const QDate f = fechaDe(campo);
+    return f.isValid() ? QVariant(f.toString(Qt::ISODate)) : QVariant(QMetaType(QMetaType::QString));
+}
+
+QVariant DatosImpreso::fechaTemporal(const QLineEdit* campo)
+{
+    const QDate f = fechaDe(campo);
+    return f.isValid() ? QVariant(f.toString(QStringLiteral("dd/MM/yyyy"))) : QVariant(QMetaType(QMetaType::QString));
+}
+
+void DatosImpreso::ponerFecha(QLineEdit* campo, const QVariant& guardada)
+{
+    const QString t = guardada.isNull() ? QString() : guardada.toString().trimmed();
+    QDate f = QDate::fromString(t.left(10), Qt::ISODate);
+    if (!f.isValid())
+        f = QDate::fromString(textoFechaNormalizado(t), QStringLiteral("dd/MM/yyyy"));
+    campo->setText(f.isValid() ? f.toString(QStringLiteral("dd/MM/yyyy")) : QString());
+}
+
+void DatosImpreso::mostrarPestana(QWidget* campo)
+{
+    // Cada página de un QTabWidget cuelga de su QStackedWidget interno.
+    for (QWidget* w = campo; w && w->parentWidget(); w = w->parentWidget())
+        if (qobject_cast<QStackedWidget*>(w->parentWidget()))
+            if (auto* pestanas = qobject_cast<QTabWidget*>(w->parentWidget()->parentWidget()))
+                pestanas->setCurrentWidget(w);
 }

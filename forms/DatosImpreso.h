@@ -5,6 +5,7 @@
 #include "reports/TablaImpresos.h"
 #include "search/frmBuscarSeleccionar.h"
 
+class AyudaFecha;
 class QAction;
 class QLineEdit;
 class QToolBar;
@@ -99,8 +100,22 @@ protected:
     // pantalla, elegido o dado de alta desde él; "recibido" corre tras escribirlo. buscarPar la abre.
     PeticionSelector peticionPar(PeticionSelector peticion, QLineEdit* codigo, QLineEdit* nombre, std::function<void()> recibido = {});
     void buscarPar(const PeticionSelector& peticion, QLineEdit* codigo, QLineEdit* nombre);
+    // ---- Campos de fecha con máscara y pestañas (A4, CSS, A5...)
+    // Máscara "99/99/9999" y globo de ayuda de la fecha: al entrar se enseña (mostrarAyuda(1)) y
+    // se selecciona el contenido; al salir se oculta.
+    void prepararFechas(const QList<QLineEdit*>& campos);
+    void mostrarAyuda(int mostrar);
+    // La fecha del campo, nula con la máscara vacía: ISO para el histórico y el proyecto,
+    // "dd/mm/aaaa" para la tabla temporal (lo que se imprime).
+    static QVariant fechaHistorico(const QLineEdit* campo);
+    static QVariant fechaTemporal(const QLineEdit* campo);
+    // Pone en el campo una fecha guardada (ISO o "dd/mm/aaaa"); nula o ilegible lo deja vacío.
+    static void ponerFecha(QLineEdit* campo, const QVariant& guardada);
+    // Trae al frente las pestañas que contienen el campo: avisar() lo hace antes de darle el foco.
+    static void mostrarPestana(QWidget* campo);
 
 private:
     QString m_pantalla;
     const DefinicionImpreso* m_definicion = nullptr;
+    AyudaFecha* m_ayudaFecha = nullptr;
 };

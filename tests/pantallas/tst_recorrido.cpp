@@ -13,6 +13,7 @@
 #include "search/frmSeleccionarTipoPerceptor.h"
 #include "search/ModeloResultados.h"
 #include "forms/DatosImpreso.h"
+#include "reports/TablaImpresos.h"
 #include "search/frmBuscar.h"
 #include "search/AbrirBusqueda.h"
 #include "masterdata/frmValidarNIFCIF.h"
@@ -289,7 +290,7 @@ private slots:
                                                     << QStringList{"txt_NumColegiado=88", "txt_Nombre=Taller SLP", "txt_Municipio=León"}
                                                     << QStringList{"txt_CodSoc", "txt_Sociedad", "txt_NumRegistro", "txt_Municipio"}
                                                     << QStringList{"", "Taller SLP", "88", "León"};
-        for (const char* impreso : {"A1", "B2"}) {
+        for (const char* impreso : {"A1", "B2", /* nombramientos, hoja urbanística y comunicado: */ "A4", "CSS", "A5", "CDC"}) {
             QTest::newRow(qPrintable(QStringLiteral("proyecto del %1").arg(QLatin1String(impreso))))
                 << QStringLiteral("impreso %1").arg(QLatin1String(impreso)) << -1 << "elegir 7" << QStringList{}
                 << QStringList{"txt_CodProyecto", "txt_Proyecto"} << QStringList{"7", "Nave agrícola"};
@@ -357,6 +358,7 @@ private slots:
             c->img_Buscar_Click(boton);
         } else {
             // "impreso B4_P": la pantalla de ese tipo, abierta desde su lista; su botón por índice.
+            // "impreso X": el impreso de tipo X, abierto desde su lista.
             const QString tipo = pantalla.mid(8);
             QString lista;
             for (const DefinicionImpreso& d : TablaImpresos::todas())
