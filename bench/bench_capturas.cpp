@@ -1,6 +1,7 @@
 // Capturas de la ventana principal a 1366×768 para mirarlas: la lista de un impreso, la ficha del
 // proyecto y el menú "Ventana" con las pantallas abiertas. Uso: bench_capturas carpeta
 // (mejor bajo xvfb-run -s '-screen 0 1366x768x24'; sin pantalla sirve QT_QPA_PLATFORM=offscreen).
+#include "app/Aplicacion.h"
 #include "app/frmMenu.h"
 #include "core/BaseDatos.h"
 #include "core/Fichas.h"
@@ -38,6 +39,7 @@ int main(int argc, char** argv)
     }
     const QString carpeta = QString::fromLocal8Bit(argv[1]);
     modInformes::inicializarRecursos();
+    Aplicacion::registrarPantallas();
     EntornoPrueba env;
     env.conectar();
     {
