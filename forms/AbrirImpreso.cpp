@@ -5,6 +5,11 @@
 #include "forms/frmDatosImpreso_A1.h"
 #include "forms/frmDatosImpreso_B2.h"
 #include "reports/TablaImpresos.h"
+// Certificados
+#include "forms/frmDatosImpreso_Certificado.h"
+#include "forms/frmDatosImpreso_CertificadoFinObra.h"
+#include "forms/frmSeleccionarTipoCertificado.h"
+#include "reports/VistaImpreso.h"
 
 #include <QHash>
 #include <functional>
@@ -19,6 +24,9 @@ const QHash<QString, Fabrica>& fabricas()
     static const QHash<QString, Fabrica> f = {
         {QStringLiteral("frmDatosImpreso_A1"), [] { return new frmDatosImpreso_A1; }},
         {QStringLiteral("frmDatosImpreso_B2"), [] { return new frmDatosImpreso_B2; }},
+        // Certificados
+        {QStringLiteral("frmDatosImpreso_Certificado"), [] { return new frmDatosImpreso_Certificado; }},
+        {QStringLiteral("frmDatosImpreso_CertificadoFinObra"), [] { return new frmDatosImpreso_CertificadoFinObra; }},
     };
     return f;
 }
@@ -67,4 +75,10 @@ void registrarImpresos()
     for (const DefinicionImpreso& d : TablaImpresos::todas())
         Fichas::registrar(d.tablaBusqueda, abrirImpreso);
     Fichas::registrar(QStringLiteral("DATOSA4A5"), abrirImpreso);
+
+    // Certificados: el impreso en blanco del fin de obra pregunta antes cuál de sus cuatro diseños.
+    if (const DefinicionImpreso* cfo = TablaImpresos::porPantalla(QStringLiteral("frmDatosImpreso_CertificadoFinObra")))
+        registrarImpresoEnBlanco(cfo->variantes.constFirst().codigoBlanco, [] {
+            return frmSeleccionarTipoCertificado::elegir(frmSeleccionarTipoCertificado::RETORNO_EN_BLANCO);
+        });
 }

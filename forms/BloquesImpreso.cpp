@@ -137,10 +137,6 @@ void bloqueCliente(const Consulta& proyecto, FilaTemporal& fila)
     fila.poner(QStringLiteral("REPRESNO"), sinNombre ? QStringLiteral("X") : QString());
 }
 
-namespace {
-const QString SQL_ARQUITECTO = QStringLiteral("SELECT * FROM OTROS WHERE UCase(Categoria) = 'ARQUITECTO' AND Codigo_Cli = ?");
-}
-
 void bloqueSociedad(const Consulta& proyecto, FilaTemporal& fila)
 {
     const QVariant codigo = proyecto.valor(QStringLiteral("ARQREG"));

@@ -34,6 +34,9 @@ QString marca(const QVariant& v);
 // Número guardado como texto en las tablas temporales (coma decimal, sin ceros sobrantes).
 QString numeroTexto(const QVariant& v);
 
+// Un arquitecto (o sociedad de arquitectos) de OTROS por su código.
+inline const QString SQL_ARQUITECTO = QStringLiteral("SELECT * FROM OTROS WHERE UCase(Categoria) = 'ARQUITECTO' AND Codigo_Cli = ?");
+
 // "SELECT * FROM Proyectos_A WHERE PRYCOD = ?" ya en su primera fila; sin fila avisa
 // "No se han podido cargar los datos del proyecto asociado al impreso" y devuelve false.
 bool leerProyecto(Consulta& proyecto);

@@ -7,8 +7,10 @@
 #include "search/AbrirBusqueda.h"
 
 #include <QAction>
+#include <QEvent>
 #include <QLineEdit>
 #include <QPointer>
+#include <QTimer>
 #include <QToolBar>
 #include <QToolButton>
 
@@ -26,7 +28,7 @@ void DatosImpreso::enlazarControles()
     txt_Lugar = findChild<QLineEdit*>(QStringLiteral("txt_Lugar"));
     txt_Fecha = findChild<QLineEdit*>(QStringLiteral("txt_Fecha"));
     tlb_BotoneraImprimir = findChild<QToolBar*>(QStringLiteral("tlb_BotoneraImprimir"));
-    Q_ASSERT(txt_Lugar && txt_Fecha && tlb_BotoneraImprimir);
+    Q_ASSERT(txt_Fecha && tlb_BotoneraImprimir);
     if (m_definicion->conProyecto) {
         txt_CodProyecto = findChild<QLineEdit*>(QStringLiteral("txt_CodProyecto"));
         txt_Proyecto = findChild<QLineEdit*>(QStringLiteral("txt_Proyecto"));
@@ -55,16 +57,20 @@ bool DatosImpreso::cargar()
         img_Buscar->setIcon(Iconos::icono(QStringLiteral("buscar"), 20));
     if (img_Borrar)
         img_Borrar->setIcon(Iconos::icono(QStringLiteral("borrar"), 20));
-    txt_Lugar->setMaxLength(50);
+    if (txt_Lugar)
+        txt_Lugar->setMaxLength(50);
     txt_Fecha->setMaxLength(30);
     aplicarLimites();
 
     UsoConexion uso;
     if (Operacion == QLatin1String("ALTA")) {
         txt_Fecha->setText(Formato::fechaPie(QDate::currentDate()));
-        Consulta c(QStringLiteral("SELECT Municipio FROM Config"));
-        if (c.siguiente())
-            txt_Lugar->setText(c.texto(QStringLiteral("Municipio")));
+        // El lugar por omisión es el municipio del estudio; sin lugar en el pie no se lee.
+        if (txt_Lugar) {
+            Consulta c(QStringLiteral("SELECT Municipio FROM Config"));
+            if (c.siguiente())
+                txt_Lugar->setText(c.texto(QStringLiteral("Municipio")));
+        }
         valoresPorDefecto();
     } else if (Operacion == QLatin1String("MODIFICAR")) {
         Consulta c(QStringLiteral("SELECT * FROM \"%1\" WHERE Clave = ?").arg(m_definicion->tablaHistorico), {Clave});
@@ -78,23 +84,31 @@ bool DatosImpreso::cargar()
 
 void DatosImpreso::img_Buscar_Click()
 {
+    abrirSelector(QStringLiteral("PROYECTOS_A"), QStringLiteral("Buscar proyecto"), [this](const Eleccion& e) { recibirProyecto(e); },
+                  [this](const RegistroGuardado& r) { recibirProyectoNuevo(r); });
+}
+
+void DatosImpreso::abrirSelector(const QString& tabla, const QString& titulo, std::function<void(const Eleccion&)> alElegir,
+                                 AlGuardar alDarDeAlta)
+{
     guardia(m_pantalla, QStringLiteral("img_Buscar_Click"), [&] {
+        // Lo elegido sólo llega si la pantalla sigue abierta.
         QPointer<DatosImpreso> yo(this);
-        frmBuscarSeleccionar::abrir({.tabla = QStringLiteral("PROYECTOS_A"),
+        frmBuscarSeleccionar::abrir({.tabla = tabla,
                                      .claveLlamada = m_definicion->claveSeleccion,
-                                     .titulo = QStringLiteral("Buscar proyecto"),
+                                     .titulo = titulo,
                                      .claveRetorno = m_definicion->claveRetorno,
                                      .llamador = this,
                                      .alElegir =
-                                         [yo](const Eleccion& e) {
+                                         [yo, alElegir](const Eleccion& e) {
                                              if (yo)
-                                                 yo->recibirProyecto(e);
+                                                 alElegir(e);
                                              return true;
                                          },
                                      .alDarDeAlta =
-                                         [yo](const RegistroGuardado& r) {
+                                         [yo, alDarDeAlta](const RegistroGuardado& r) {
                                              if (yo)
-                                                 yo->recibirProyectoNuevo(r);
+                                                 alDarDeAlta(r);
                                          }});
     });
 }
@@ -128,7 +142,9 @@ QList<QWidget*> DatosImpreso::controlesCopia() const
     QList<QWidget*> l;
     if (txt_CodProyecto)
         l << txt_CodProyecto << txt_Proyecto;
-    return l << txt_Lugar << txt_Fecha;
+    if (txt_Lugar)
+        l << txt_Lugar;
+    return l << txt_Fecha;
 }
 
 bool DatosImpreso::avisar(QWidget* campo, const QString& texto)
@@ -145,7 +161,7 @@ bool DatosImpreso::validarDatos()
         return avisar(txt_Proyecto, QStringLiteral("Por favor, seleccione un proyecto"));
     if (!validarPropios())
         return false;
-    if (txt_Lugar->text().trimmed().isEmpty())
+    if (txt_Lugar && txt_Lugar->text().trimmed().isEmpty())
         return avisar(txt_Lugar, QStringLiteral("Por favor, escriba el lugar (necesario para el pie del impreso)"));
     if (txt_Fecha->text().trimmed().isEmpty())
         return avisar(txt_Fecha, QStringLiteral("Por favor, escriba la fecha (necesaria para el pie del impreso)"));
@@ -236,4 +252,72 @@ bool DatosImpreso::guardarAlSalir()
         guardarDatosHistorico();
     }
     return !m_cancelarCierre;
+}
+
+// ---------------------------------------------------------------- campos de fecha
+
+namespace {
+
+// Al entrar en un campo de fecha: el globo bajo el campo y su texto seleccionado; al salir, fuera.
+class VigiaFecha : public QObject {
+public:
+    VigiaFecha(QWidget* pantalla, AyudaFecha* ayuda) : QObject(pantalla), m_pantalla(pantalla), m_ayuda(ayuda) {}
+
+protected:
+    bool eventFilter(QObject* objeto, QEvent* evento) override
+    {
+        auto* campo = qobject_cast<QLineEdit*>(objeto);
+        if (!campo)
+            return false;
+        if (evento->type() == QEvent::FocusIn) {
+            m_ayuda->mostrarAyuda(1);
+            QPoint p = campo->mapTo(m_pantalla, QPoint(0, campo->height() + 2));
+            p.setX(qMin(p.x(), qMax(0, m_pantalla->width() - m_ayuda->width())));
+            m_ayuda->move(p);
+            // El campo coloca su cursor al recibir el foco: se selecciona después.
+            QPointer<QLineEdit> vigilado(campo);
+            QTimer::singleShot(0, campo, [vigilado] {
+                if (vigilado)
+                    vigilado->selectAll();
+            });
+        } else if (evento->type() == QEvent::FocusOut) {
+            m_ayuda->mostrarAyuda(0);
+        }
+        return false;
+    }
+
+private:
+    QWidget* m_pantalla;
+    AyudaFecha* m_ayuda;
+};
+
+}  // namespace
+
+void DatosImpreso::prepararFechas(const QList<QLineEdit*>& campos)
+{
+    if (!m_ayuda)
+        m_ayuda = new AyudaFecha(this);
+    auto* vigia = new VigiaFecha(this, m_ayuda);
+    for (QLineEdit* msk : campos) {
+        prepararCampoFecha(msk);
+        msk->installEventFilter(vigia);
+    }
+}
+
+void DatosImpreso::mostrarAyuda(int mostrar)
+{
+    if (m_ayuda)
+        m_ayuda->mostrarAyuda(mostrar);
+}
+
+QVariant DatosImpreso::fechaGuardable(const QLineEdit* msk)
+{
+    const QDate f = QDate::fromString(textoFechaNormalizado(msk->displayText()), QStringLiteral("dd/MM/yyyy"));
+    return f.isValid() ? QVariant(f.toString(Qt::ISODate)) : QVariant(QMetaType(QMetaType::QString));
+}
+
+QString DatosImpreso::fechaEnCampo(const QString& iso)
+{
+    const QDate f = QDate::fromString(iso.trimmed().left(10), Qt::ISODate);
+    return f.isValid() ? f.toString(QStringLiteral("dd/MM/yyyy")) : QString();
 }

@@ -5,6 +5,7 @@
 #include "reports/TablaImpresos.h"
 #include "search/frmBuscarSeleccionar.h"
 
+class AyudaFecha;
 class QAction;
 class QLineEdit;
 class QToolBar;
@@ -26,8 +27,9 @@ public:
     // Variante en curso (código, informe, títulos); las pantallas de un solo impreso tienen una.
     virtual const VarianteImpreso& variante() const;
 
-    void img_Buscar_Click();
-    void img_Borrar_Click();
+    // El par del proyecto; una pantalla sin él pone aquí su propio selector.
+    virtual void img_Buscar_Click();
+    virtual void img_Borrar_Click();
     void tlb_BotoneraImprimir_ButtonClick();
 
     bool validarDatos();
@@ -71,18 +73,32 @@ protected:
     QString recortado(const QWidget* w) const;
     // Aviso de validación con el foco en el campo.
     bool avisar(QWidget* campo, const QString& texto);
+    // Abre el selector de una tabla con las claves de selección y de retorno del impreso; lo
+    // elegido, o lo dado de alta desde él, llega a la pantalla si sigue abierta.
+    void abrirSelector(const QString& tabla, const QString& titulo, std::function<void(const Eleccion&)> alElegir,
+                       AlGuardar alDarDeAlta);
+
+    // Campos de fecha con máscara "99/99/9999" y su globo de ayuda: al entrar en uno se enseña
+    // bajo él y se selecciona su texto; al salir se oculta.
+    void prepararFechas(const QList<QLineEdit*>& campos);
+    void mostrarAyuda(int mostrar);
+    // Fecha de un campo con máscara tal como se guarda: ISO, o nula si el campo está vacío.
+    static QVariant fechaGuardable(const QLineEdit* msk);
+    // Fecha guardada (ISO) como se escribe en el campo con máscara; vacía si es nula.
+    static QString fechaEnCampo(const QString& iso);
 
     // El par del proyecto (nulos si el impreso no tiene proyecto).
     QLineEdit* txt_CodProyecto = nullptr;
     QLineEdit* txt_Proyecto = nullptr;
     QToolButton* img_Buscar = nullptr;
     QToolButton* img_Borrar = nullptr;
-    QLineEdit* txt_Lugar = nullptr;
+    QLineEdit* txt_Lugar = nullptr;  // nulo si el pie sólo lleva la fecha
     QLineEdit* txt_Fecha = nullptr;
     QToolBar* tlb_BotoneraImprimir = nullptr;
     QAction* m_botonImprimir = nullptr;
 
 private:
+    AyudaFecha* m_ayuda = nullptr;
     QString m_pantalla;
     const DefinicionImpreso* m_definicion = nullptr;
 };

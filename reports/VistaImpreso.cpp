@@ -9,6 +9,7 @@
 #include "reports/modInformes.h"
 
 #include <QFile>
+#include <QHash>
 
 namespace {
 
@@ -22,19 +23,36 @@ QString columnaListaBlanco(const QString& tabla)
     return QStringLiteral("COORSSNOM");
 }
 
+QHash<int, std::function<bool()>>& impresosEnBlancoRegistrados()
+{
+    static QHash<int, std::function<bool()>> r;
+    return r;
+}
+
 }  // namespace
+
+void registrarImpresoEnBlanco(int codigo, std::function<bool()> generar)
+{
+    impresosEnBlancoRegistrados().insert(codigo, std::move(generar));
+}
 
 void mostrarImpreso(const VarianteImpreso& v, const QString& tituloVisor)
 {
+    QString titulo = tituloVisor;
+    if (titulo.isEmpty())
+        if (const frmVisorCrystal* anterior = Pantallas::cargada<frmVisorCrystal>())
+            titulo = anterior->windowTitle();
     Pantallas::descargar<frmVisorCrystal>();
     modInformes::Informe = modInformes::crearInforme(v.informe);
     modInformes::conectar();
     modInformes::iniciarInforme_Impreso(v.codigo);
-    frmVisorCrystal::mostrarInforme(tituloVisor);
+    frmVisorCrystal::mostrarInforme(titulo);
 }
 
 bool generarImpresoEnBlanco(int codigo)
 {
+    if (const auto it = impresosEnBlancoRegistrados().constFind(codigo); it != impresosEnBlancoRegistrados().cend())
+        return (*it)();
     const DefinicionImpreso* d = nullptr;
     const VarianteImpreso* v = TablaImpresos::porCodigoBlanco(codigo, &d);
     // Sólo los impresos cuyo diseño ya existe.

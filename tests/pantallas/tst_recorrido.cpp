@@ -284,6 +284,15 @@ private slots:
                 << QStringLiteral("impreso %1").arg(QLatin1String(impreso)) << -1 << "nuevo" << QStringList{"txt_Trabajo=Almacén"}
                 << QStringList{"txt_CodProyecto", "txt_Proyecto"} << QStringList{"8", "Almacén"};
         }
+        // Certificados: la lista de cada uno abre su pantalla.
+        QTest::newRow("arquitecto del certificado") << "impreso DATOSCERTIFICADO" << -1 << "elegir 1" << QStringList{}
+                                                    << QStringList{"txt_CodArq", "txt_NomArq"} << QStringList{"1", "Ana Ruiz"};
+        QTest::newRow("arquitecto nuevo del certificado") << "impreso DATOSCERTIFICADO" << -1 << "nuevo" << arquitecto
+                                                          << QStringList{"txt_CodArq", "txt_NomArq"} << QStringList{"6", "Marta Vidal"};
+        QTest::newRow("proyecto del fin de obra") << "impreso DATOSFINOBRA" << -1 << "elegir 7" << QStringList{}
+                                                  << QStringList{"txt_CodProyecto", "txt_Proyecto"} << QStringList{"7", "Nave agrícola"};
+        QTest::newRow("proyecto nuevo del fin de obra") << "impreso DATOSFINOBRA" << -1 << "nuevo" << QStringList{"txt_Trabajo=Almacén"}
+                                                        << QStringList{"txt_CodProyecto", "txt_Proyecto"} << QStringList{"8", "Almacén"};
     }
 
     void rutasDeDevolucion()
@@ -323,7 +332,11 @@ private slots:
             receptor = c;
             c->img_Buscar_Click(boton);
         } else {
-            QVERIFY(Fichas::abrir({.tabla = QStringLiteral("DATOSA1B2"), .tipoImpreso = pantalla.mid(8), .operacion = QStringLiteral("ALTA")}));
+            // "impreso A1" es un tipo de la lista DATOSA1B2; "impreso DATOS..." es la clave de su lista.
+            const QString impreso = pantalla.mid(8);
+            const bool clave = impreso.startsWith(QLatin1String("DATOS"));
+            QVERIFY(Fichas::abrir({.tabla = clave ? impreso : QStringLiteral("DATOSA1B2"), .tipoImpreso = clave ? QString() : impreso,
+                                   .operacion = QStringLiteral("ALTA")}));
             auto* d = Pantallas::cargada<DatosImpreso>();
             receptor = d;
             d->img_Buscar_Click();
