@@ -576,20 +576,23 @@ private slots:
         QVERIFY(filas(QStringLiteral("SELECT FECHALICENCIA FROM datosFinObra"))[0].value("FECHALICENCIA").isNull());
     }
 
-    // Una fecha a medio escribir no se guarda: su aviso y el foco en ella.
+    // Una fecha que no lo es no se guarda: su aviso y el foco en ella.
     void fechasNoValidas_data()
     {
         QTest::addColumn<QString>("campo");
+        QTest::addColumn<QString>("texto");
         QTest::addColumn<QString>("aviso");
-        QTest::newRow("fin de obra") << "msk_FechaFinObra" << "Por favor, complete todos los datos de la fecha";
-        QTest::newRow("licencia") << "msk_FechaLicenciaObras" << "Por favor, complete todos los datos de la fecha";
+        QTest::newRow("fin de obra sin año") << "msk_FechaFinObra" << "12/05" << "El año ha de estar comprendido entre 1950 y 2100";
+        QTest::newRow("licencia en día imposible") << "msk_FechaLicenciaObras" << "30/02/2008"
+                                                   << "El día del mes no es válido. Inserte un día entre 1 y 29";
     }
     void fechasNoValidas()
     {
         QFETCH(QString, campo);
+        QFETCH(QString, texto);
         QFETCH(QString, aviso);
         DatosImpreso* f = finObra(proyecto());
-        control<QLineEdit>(f, campo)->setText(QStringLiteral("12/05"));
+        control<QLineEdit>(f, campo)->setText(texto);
         imprimir(f);
         QCOMPARE(m_e->textos(), QStringList{aviso});
         QCOMPARE(f->focusWidget() ? f->focusWidget()->objectName() : QString(), campo);
@@ -812,7 +815,7 @@ private slots:
                     encima = tr.rect.top();
                 else if (tr.texto == QLatin1String("DEBAJO"))
                     debajo = tr.rect.top(), pagDebajo = p;
-                else if (tr.texto.startsWith(QLatin1String("renglón"))) {
+                else if (tr.texto.startsWith(QStringLiteral("renglón"))) {
                     ys << tr.rect.top();
                     if (p == d.numeroPaginas() - 1)
                         ultimo = tr.rect.bottom();
