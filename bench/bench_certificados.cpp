@@ -85,16 +85,24 @@ void imprimir(QWidget* f)
     QApplication::processEvents();
 }
 
+// Con ruta, la imagen de una pantalla tal como se ve.
+void captura(QWidget* w, const QString& ruta)
+{
+    if (!ruta.isEmpty())
+        w->grab().save(ruta);
+}
+
 // Contesta el diálogo de los diseños con la opción dada en cuanto se abra.
-void contestarDiseno(int opcion)
+void contestarDiseno(int opcion, const QString& imagen = {})
 {
     auto* reloj = new QTimer;
-    QObject::connect(reloj, &QTimer::timeout, reloj, [reloj, opcion] {
+    QObject::connect(reloj, &QTimer::timeout, reloj, [reloj, opcion, imagen] {
         auto* d = Pantallas::cargada<frmSeleccionarTipoCertificado>();
         if (!d || !d->isVisible())
             return;
         reloj->stop();
         reloj->deleteLater();
+        captura(d, imagen);
         d->findChild<QRadioButton*>(QStringLiteral("opt_Impreso_%1").arg(opcion))->setChecked(true);
         d->findChild<QPushButton*>(QStringLiteral("cmd_Imprimir"))->click();
     });
@@ -102,7 +110,7 @@ void contestarDiseno(int opcion)
 }
 
 // Certificado libre con un texto del largo pedido; devuelve los ms hasta la vista previa.
-qint64 certificado(int largo)
+qint64 certificado(int largo, const QString& imagen = {})
 {
     QString texto;
     while (texto.size() < largo)
@@ -114,12 +122,13 @@ qint64 certificado(int largo)
     escribir(f, "txt_CodArq", QStringLiteral("1"));
     escribir(f, "txt_NomArq", QStringLiteral("Begoña Ibáñez López"));
     f->findChild<QPlainTextEdit*>(QStringLiteral("txt_Texto"))->setPlainText(texto);
+    captura(f, imagen);
     imprimir(f);
     modInformes::Informe->numeroPaginas();  // compone todas las páginas
     return t.elapsed();
 }
 
-qint64 finObra(qint64 proyecto, int opcion)
+qint64 finObra(qint64 proyecto, int opcion, const QString& imagen = {}, const QString& imagenDialogo = {})
 {
     QElapsedTimer t;
     t.start();
@@ -133,7 +142,8 @@ qint64 finObra(qint64 proyecto, int opcion)
     escribir(f, "msk_FechaFinObra", QStringLiteral("12/05/2008"));
     escribir(f, "msk_FechaLicenciaObras", QStringLiteral("03/09/2006"));
     escribir(f, "txt_Fecha", QStringLiteral("20 de mayo de 2008"));
-    contestarDiseno(opcion);
+    captura(f, imagen);
+    contestarDiseno(opcion, imagenDialogo);
     imprimir(f);
     return t.elapsed();
 }
@@ -150,7 +160,7 @@ int main(int argc, char** argv)
     EntornoPrueba env;
     env.conectar();
     llenar();
-    frmMenu::instancia()->resize(1280, 900);
+    frmMenu::instancia()->resize(1366, 740);
 
     for (int largo : {2000, 20000, 65000}) {
         const qint64 vista = certificado(largo);
@@ -165,7 +175,7 @@ int main(int argc, char** argv)
         std::printf("fin de obra con 20 arquitectos técnicos: %lld ms hasta la vista previa\n", static_cast<long long>(finObra(2, 0)));
 
     if (!salida.isEmpty()) {
-        certificado(2600);
+        certificado(2600, salida + QStringLiteral("/frmDatosImpreso_Certificado.png"));
         modInformes::exportarPDF(salida + QStringLiteral("/crCertificado.pdf"));
         certificado(20000);
         modInformes::exportarPDF(salida + QStringLiteral("/crCertificado-20000.pdf"));
@@ -173,7 +183,8 @@ int main(int argc, char** argv)
         modInformes::exportarPDF(salida + QStringLiteral("/crCertificado-blanco.pdf"));
         const char* disenos[] = {"crImpresoCFO", "crImpresoCFO_2", "crImpresoCFO_4", "crImpresoCFO_3"};
         for (int opcion = 0; opcion < 4; ++opcion) {
-            finObra(1, opcion);
+            finObra(1, opcion, opcion == 0 ? salida + QStringLiteral("/frmDatosImpreso_CertificadoFinObra.png") : QString(),
+                    opcion == 3 ? salida + QStringLiteral("/frmSeleccionarTipoCertificado.png") : QString());
             modInformes::exportarPDF(salida + QLatin1Char('/') + QString::fromLatin1(disenos[opcion]) + QStringLiteral(".pdf"));
         }
         contestarDiseno(0);

@@ -1,9 +1,7 @@
 #include "forms/frmSeleccionarTipoCertificado.h"
 
-#include "core/BaseDatos.h"
 #include "core/CicloPantalla.h"
 #include "core/Guardia.h"
-#include "core/Mensajes.h"
 #include "reports/TablaImpresos.h"
 #include "reports/VistaImpreso.h"
 #include "ui_frmSeleccionarTipoCertificado.h"
@@ -55,25 +53,17 @@ int frmSeleccionarTipoCertificado::opcionElegida() const
 
 void frmSeleccionarTipoCertificado::cmd_Imprimir_Click()
 {
-    bool enTransaccion = false;
-    const bool ok = guardia(FORMULARIO, QStringLiteral("cmd_Imprimir_Click"), [&] {
-        CursorEspera espera;
-        // El impreso en blanco es el diseño sobre la tabla vacía.
-        if (ClaveRetorno == RETORNO_EN_BLANCO) {
-            Transaccion t;
-            enTransaccion = true;
-            ejecutar(QStringLiteral("DELETE FROM FinObra"));
-            t.confirmar();
-            enTransaccion = false;
-        }
-        // Las opciones van en el orden de los diseños del impreso; sin título, el visor conserva el suyo.
-        const VarianteImpreso& v =
-            TablaImpresos::porPantalla(QStringLiteral("frmDatosImpreso_CertificadoFinObra"))->variantes.at(opcionElegida());
-        mostrarImpreso(v, v.tituloVisor);
-        m_mostrado = true;
-    });
-    if (!ok && enTransaccion)
-        Mensajes::aviso(TablaImpresos::AVISO_FALLO);
+    // Las opciones van en el orden de los diseños del impreso; sin título, el visor conserva el suyo.
+    const DefinicionImpreso& d = *TablaImpresos::porPantalla(QStringLiteral("frmDatosImpreso_CertificadoFinObra"));
+    const VarianteImpreso& v = d.variantes.at(opcionElegida());
+    // El impreso en blanco es el diseño sobre la tabla vacía.
+    if (ClaveRetorno == RETORNO_EN_BLANCO)
+        m_mostrado = mostrarImpresoEnBlanco(d, v, v.tituloVisor);
+    else
+        m_mostrado = guardia(FORMULARIO, QStringLiteral("cmd_Imprimir_Click"), [&] {
+            CursorEspera espera;
+            mostrarImpreso(v, v.tituloVisor);
+        });
     accept();
 }
 

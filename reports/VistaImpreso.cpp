@@ -58,15 +58,20 @@ bool generarImpresoEnBlanco(int codigo)
     // Sólo los impresos cuyo diseño ya existe.
     if (!v || v->informe.isEmpty() || !QFile::exists(QStringLiteral(":/informes/") + v->informe + QStringLiteral(".xml")))
         return false;
+    return mostrarImpresoEnBlanco(*d, *v, v->tituloBlanco);
+}
+
+bool mostrarImpresoEnBlanco(const DefinicionImpreso& d, const VarianteImpreso& v, const QString& tituloVisor)
+{
     bool enTransaccion = false;
     const bool ok = guardia(QStringLiteral("frmBuscar"), QStringLiteral("generarImpresoEnBlanco"), [&] {
         CursorEspera espera;
         {
             Transaccion t;
             enTransaccion = true;
-            ejecutar(QStringLiteral("DELETE FROM \"%1\"").arg(d->tablaTemporal));
+            ejecutar(QStringLiteral("DELETE FROM \"%1\"").arg(d.tablaTemporal));
             // Listas del comunicado: dos filas en blanco en cada una, las líneas vacías del impreso.
-            for (const QString& extra : d->temporalesExtra) {
+            for (const QString& extra : d.temporalesExtra) {
                 ejecutar(QStringLiteral("DELETE FROM \"%1\"").arg(extra));
                 for (int i = 0; i < 2; ++i)
                     insertar(extra, {{columnaListaBlanco(extra), QStringLiteral("")}});
@@ -74,7 +79,7 @@ bool generarImpresoEnBlanco(int codigo)
             t.confirmar();
             enTransaccion = false;
         }
-        mostrarImpreso(*v, v->tituloBlanco);
+        mostrarImpreso(v, tituloVisor);
     });
     if (!ok && enTransaccion)
         Mensajes::aviso(TablaImpresos::AVISO_FALLO);

@@ -319,43 +319,6 @@ private slots:
         QCOMPARE(m_e->textos(), QStringList());
     }
 
-    // Arquitecto, lugar y fecha son necesarios; el texto no.
-    void certificadoValidacion_data()
-    {
-        QTest::addColumn<QString>("arquitecto");
-        QTest::addColumn<QString>("lugar");
-        QTest::addColumn<QString>("fecha");
-        QTest::addColumn<QString>("aviso");
-        QTest::addColumn<QString>("foco");
-        QTest::newRow("sin arquitecto") << "" << "Jaca" << "hoy" << "Por favor, seleccione un arquitecto" << "txt_NomArq";
-        QTest::newRow("sin lugar") << "11" << " " << "hoy" << "Por favor, escriba el lugar (necesario para el pie del impreso)" << "txt_Lugar";
-        QTest::newRow("sin fecha") << "11" << "Jaca" << "" << "Por favor, escriba la fecha (necesaria para el pie del impreso)" << "txt_Fecha";
-        QTest::newRow("sin texto") << "11" << "Jaca" << "hoy" << "" << "";
-    }
-    void certificadoValidacion()
-    {
-        QFETCH(QString, arquitecto);
-        QFETCH(QString, lugar);
-        QFETCH(QString, fecha);
-        QFETCH(QString, aviso);
-        QFETCH(QString, foco);
-        DatosImpreso* f = abrir(QStringLiteral("DATOSCERTIFICADO"), QStringLiteral("ALTA"));
-        escribir(f, "txt_CodArq", arquitecto);
-        escribir(f, "txt_NomArq", arquitecto.isEmpty() ? QString() : QStringLiteral("Ana Ruiz"));
-        escribir(f, "txt_Lugar", lugar);
-        escribir(f, "txt_Fecha", fecha);
-        imprimir(f);
-        if (aviso.isEmpty()) {
-            QCOMPARE(m_e->textos(), QStringList());
-            QCOMPARE(t(filas(QStringLiteral("SELECT * FROM datosCERTIFICADO"))[0], "Texto"), QString());
-            QVERIFY(Pantallas::cargada<frmVisorCrystal>());
-            return;
-        }
-        QCOMPARE(m_e->textos(), QStringList{aviso});
-        QCOMPARE(f->focusWidget() ? f->focusWidget()->objectName() : QString(), foco);
-        QVERIFY(filas(QStringLiteral("SELECT * FROM datosCERTIFICADO")).isEmpty() && !Pantallas::cargada<frmVisorCrystal>());
-    }
-
     // Un texto de 20.000 caracteres sigue en varias páginas, entero y en orden, y la firma va detrás.
     void certificadoLargo()
     {
@@ -576,29 +539,6 @@ private slots:
         QVERIFY(filas(QStringLiteral("SELECT FECHALICENCIA FROM datosFinObra"))[0].value("FECHALICENCIA").isNull());
     }
 
-    // Una fecha que no lo es no se guarda: su aviso y el foco en ella.
-    void fechasNoValidas_data()
-    {
-        QTest::addColumn<QString>("campo");
-        QTest::addColumn<QString>("texto");
-        QTest::addColumn<QString>("aviso");
-        QTest::newRow("fin de obra sin año") << "msk_FechaFinObra" << "12/05" << "El año ha de estar comprendido entre 1950 y 2100";
-        QTest::newRow("licencia en día imposible") << "msk_FechaLicenciaObras" << "30/02/2008"
-                                                   << "El día del mes no es válido. Inserte un día entre 1 y 29";
-    }
-    void fechasNoValidas()
-    {
-        QFETCH(QString, campo);
-        QFETCH(QString, texto);
-        QFETCH(QString, aviso);
-        DatosImpreso* f = finObra(proyecto());
-        control<QLineEdit>(f, campo)->setText(texto);
-        imprimir(f);
-        QCOMPARE(m_e->textos(), QStringList{aviso});
-        QCOMPARE(f->focusWidget() ? f->focusWidget()->objectName() : QString(), campo);
-        QVERIFY(filas(QStringLiteral("SELECT * FROM datosFinObra")).isEmpty());
-    }
-
     // Los cuatro diseños con sus títulos; el cuarto deja el título que tuviera el visor.
     void disenos_data()
     {
@@ -645,28 +585,6 @@ private slots:
         for (const char* esperado : {"Villanueva - Huesca", "Ana Ruiz", "Ana Ruiz, Luis Gil, Arquitectos", "12/05/2008"})
             QVERIFY2(textos.contains(QString::fromUtf8(esperado)), esperado);
         QCOMPARE(textos.contains(QStringLiteral("Eva Sanz")), opcion == 0 || opcion == 2);  // firma del aparejador
-    }
-
-    // Un solo arquitecto firma en singular; sin arquitectos, la firma queda vacía.
-    void firmaDeLosArquitectos_data()
-    {
-        QTest::addColumn<QList<int>>("arquitectos");
-        QTest::addColumn<QString>("firma");
-        QTest::newRow("uno") << QList<int>{12} << "Luis Gil, Arquitecto";
-        QTest::newRow("ninguno") << QList<int>{} << "";
-    }
-    void firmaDeLosArquitectos()
-    {
-        QFETCH(QList<int>, arquitectos);
-        QFETCH(QString, firma);
-        const qint64 pry = proyecto();
-        asignar(pry, {}, {}, arquitectos, {});
-        DatosImpreso* f = finObra(pry);
-        Diseno d{.opcion = 1};
-        contestarDiseno(m_relojes.get(), &d);
-        imprimir(f);
-        const QStringList textos = textosInforme();
-        QCOMPARE(textos.filter(QStringLiteral(", Arquitecto")), firma.isEmpty() ? QStringList() : QStringList{firma});
     }
 
     // "&Cancelar" deja guardado el impreso sin informe; un impreso nuevo se cierra y abre su lista.
@@ -755,20 +673,6 @@ private slots:
                      control<QLineEdit>(f, QStringLiteral("txt_Proyecto"))->text() + "|" +
                      control<QLineEdit>(f, QStringLiteral("msk_FechaFinObra"))->displayText(),
                  QString::number(pry) + "|Vivienda unifamiliar|" + esperada);
-    }
-
-    // El proyecto borrado entre tanto: su aviso, el histórico guardado y FinObra vacía.
-    void proyectoBorrado()
-    {
-        const qint64 pry = proyecto();
-        DatosImpreso* f = finObra(pry);
-        sql(QStringLiteral("DELETE FROM Proyectos_A"));
-        Diseno d;
-        contestarDiseno(m_relojes.get(), &d);
-        imprimir(f);
-        QCOMPARE(m_e->textos(), QStringList{"No se han podido cargar los datos del proyecto asociado al certificado fin de obra"});
-        QCOMPARE(filas(QStringLiteral("SELECT * FROM datosFinObra")).size(), 1);
-        QVERIFY(filas(QStringLiteral("SELECT * FROM FinObra")).isEmpty());
     }
 
     // ------------------------------------------------------------------ campo que crece
