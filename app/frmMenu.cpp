@@ -16,6 +16,7 @@
 
 #include <QCloseEvent>
 #include <QMdiArea>
+#include <QMdiSubWindow>
 #include <QPointer>
 #include <QToolBar>
 #include <QToolButton>
@@ -145,6 +146,33 @@ void frmMenu::conectarMenu()
     connect(ui->mnu_Editor, &QAction::triggered, this, &frmMenu::mnu_Editor_Click);
     connect(ui->mnu_Indice, &QAction::triggered, this, &frmMenu::mnu_Indice_Click);
     connect(ui->mnu_AyudaSimbolos, &QAction::triggered, this, &frmMenu::mnu_AyudaSimbolos_Click);
+    connect(ui->mnu_Cascada, &QAction::triggered, ui->mdi_Area, &QMdiArea::cascadeSubWindows);
+    connect(ui->mnu_Mosaico, &QAction::triggered, ui->mdi_Area, &QMdiArea::tileSubWindows);
+    connect(ui->mnu_Ventana, &QMenu::aboutToShow, this, &frmMenu::mnu_Ventana_Abrir);
+}
+
+// La lista de las pantallas abiertas, al final del menú "Ventana": ninguna se pierde detrás de otra.
+void frmMenu::mnu_Ventana_Abrir()
+{
+    for (QAction* a : ui->mnu_Ventana->actions())
+        if (a->property("pantallaAbierta").toBool())
+            delete a;
+    const QList<QMdiSubWindow*> abiertas = ui->mdi_Area->subWindowList();
+    ui->mnu_Cascada->setEnabled(!abiertas.isEmpty());
+    ui->mnu_Mosaico->setEnabled(!abiertas.isEmpty());
+    int n = 0;
+    for (QMdiSubWindow* sub : abiertas) {
+        if (!sub->isVisible() || !sub->widget())
+            continue;
+        ++n;
+        const QString titulo = sub->widget()->windowTitle();
+        QAction* a = ui->mnu_Ventana->addAction(n < 10 ? QStringLiteral("&%1 %2").arg(n).arg(titulo) : titulo);
+        a->setProperty("pantallaAbierta", true);
+        a->setCheckable(true);
+        a->setChecked(sub == ui->mdi_Area->activeSubWindow());
+        QPointer<QWidget> pantalla = sub->widget();
+        connect(a, &QAction::triggered, this, [pantalla] { Pantallas::activar(pantalla.data()); });
+    }
 }
 
 void frmMenu::habilitarEntradas()
@@ -242,7 +270,11 @@ void frmMenu::mnu_Editor_Click() {}
 void frmMenu::mnu_Indice_Click()
 {
     guardia(FORMULARIO, QStringLiteral("mnu_Indice_Click"), [&] {
-        if (Sistema::abrirDocumento(Rutas::enPrograma(QStringLiteral("ayuda/index.html"))) < 33)
+        const QString ayuda = Rutas::enPrograma(QStringLiteral("ayuda/index.html"));
+        const int r = Sistema::abrirDocumento(ayuda);
+        if (r == 31)
+            avisarSinProgramaQueLoAbra(ayuda, QStringLiteral("la ayuda"), FORMULARIO, QStringLiteral("mnu_Indice_Click"));
+        else if (r < 33)
             Mensajes::aviso(QStringLiteral("No se ha podido mostrar la ayuda. Por favor, inténtelo de nuevo"));
     });
 }

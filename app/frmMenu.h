@@ -53,6 +53,7 @@ public slots:
     void mnu_Editor_Click();
     void mnu_Indice_Click();
     void mnu_AyudaSimbolos_Click();
+    void mnu_Ventana_Abrir();
 
 protected:
     void closeEvent(QCloseEvent* e) override;

@@ -2,6 +2,7 @@
 // vista previa y hasta escribir el PDF entero. Uso: bench_informes [carpeta para dejar los PDF]
 #include "core/BaseDatos.h"
 #include "reports/frmVisorCrystal.h"
+#include "reports/VisorPaginas.h"
 #include "reports/modInformes.h"
 #include "tests/comun/EntornoPrueba.h"
 
@@ -92,11 +93,18 @@ int main(int argc, char** argv)
         modInformes::conectar();
         modInformes::iniciarInforme_ListadoClientes();
         const qint64 datos = t.elapsed();
+        if (getenv("BENCH_COMPONER")) {
+            QElapsedTimer c;
+            c.start();
+            const int n = modInformes::Informe->numeroPaginas();
+            std::printf("composición de %d páginas: %lld ms\n", n, c.elapsed());
+        }
         auto* v = frmVisorCrystal::mostrarInforme("Listado de clientes");
         v->resize(1000, 800);
         QApplication::processEvents();
         const qint64 primera = t.elapsed();
         const int paginas = v->numeroPaginas();
+        std::printf("páginas dibujadas para enseñar la primera: %d\n", v->visor()->paginasDibujadas());
         if (!salida.isEmpty() && vuelta == 0)
             v->grab().save(salida + "/visor.png");
 

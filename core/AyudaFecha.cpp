@@ -2,6 +2,7 @@
 
 #include <QEvent>
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMouseEvent>
@@ -84,6 +85,9 @@ bool AyudaFecha::eventFilter(QObject* objeto, QEvent* evento)
                     vigilado->setCursorPosition(0);
             });
         } else if (evento->type() == QEvent::FocusOut) {
+            mostrarAyuda(0);
+        } else if (evento->type() == QEvent::KeyPress && !static_cast<QKeyEvent*>(evento)->text().isEmpty()) {
+            // Quien ya escribe la fecha no necesita el globo, que tapa los campos de debajo.
             mostrarAyuda(0);
         }
     }

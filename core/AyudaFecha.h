@@ -22,7 +22,8 @@ public:
     // Añade la etiqueta lbl_Cerrar ("x"): un clic en ella oculta el globo.
     void permitirCerrar();
 
-    // Enseña el globo al entrar en el campo (con el cursor al principio) y lo oculta al salir.
+    // Enseña el globo al entrar en el campo (con el cursor al principio) y lo oculta al salir o
+    // al teclear en él.
     void vigilar(QLineEdit* campo);
 
 protected:

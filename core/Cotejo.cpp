@@ -106,13 +106,15 @@ Peso pesoDe(char32_t c)
     return {100000 + static_cast<uint32_t>(c), 0, 0};
 }
 
+// Para buscar, la "ñ" se pliega como un acento más: quien escribe "nunez" busca a Núñez.
+// El orden sigue tratándola como letra propia (pesoDe).
 char32_t plegado(char32_t c)
 {
     char32_t base;
     uint8_t acento;
     bool mayuscula;
     if (descomponer(c, base, acento, mayuscula))
-        return base;
+        return base == 0xF1 ? U'n' : base;
     return c;
 }
 

@@ -14,10 +14,10 @@ int comparar(const QString& a, const QString& b);
 // Clave binaria de ordenación: dos claves comparadas byte a byte dan el orden de comparar().
 std::string claveOrden(std::string_view texto);
 
-// Texto plegado para búsquedas: minúsculas y sin acentos (la "ñ" se conserva).
+// Texto plegado para búsquedas: minúsculas y sin acentos (la "ñ" vale "n").
 QString plegar(const QString& texto);
 
-// LIKE sin distinguir mayúsculas ni acentos, con "%" y "_" como comodines.
+// LIKE sin distinguir mayúsculas ni acentos (ni "ñ" de "n"), con "%" y "_" como comodines.
 bool parecido(std::string_view patron, std::string_view valor, char32_t escape = 0);
 
 }  // namespace Cotejo

@@ -5,6 +5,9 @@
 #include "core/Mensajes.h"
 #include "core/Sistema.h"
 
+#include <QDir>
+#include <QFileInfo>
+
 void cargarPDF(const QString& ruta, QWidget*)
 {
     const int resultado = Sistema::abrirDocumento(ruta);
@@ -21,4 +24,17 @@ void cargarPDF(const QString& ruta, QWidget*)
     }
     // Tras cualquier fallo el procedimiento sigue hasta su informe de error, sin número ni descripción.
     escribirLog(ErrorPrograma(0, QString()), NOMBRE_PROGRAMA, QStringLiteral("modFunciones"), QStringLiteral("cargarPDF"), 0, Mostrar::Si);
+}
+
+void avisarSinProgramaQueLoAbra(const QString& ruta, const QString& tipo, const QString& formulario, const QString& procedimiento)
+{
+    const QString nativa = QDir::toNativeSeparators(QFileInfo(ruta).absoluteFilePath());
+    const QString extension = QFileInfo(ruta).suffix().toLower();
+    Mensajes::aviso(QStringLiteral("No se ha encontrado en su equipo ningún programa que abra los ficheros de tipo '*.%1', por lo que no se "
+                                   "ha podido mostrar %2.").arg(extension, tipo)
+                    + QStringLiteral("\n\n") + QStringLiteral("El fichero está en:") + QStringLiteral("\n") + nativa + QStringLiteral("\n\n")
+                    + QStringLiteral("Puede abrirlo desde esa carpeta, o copiarlo a un ordenador que tenga un programa para ese tipo de ficheros."));
+    escribirLog(ErrorPrograma(31, QString()),
+                QStringLiteral("[Error 31]: Ningún programa del equipo abre los ficheros de tipo '*.%1'; el fichero está en %2").arg(extension, nativa),
+                formulario, procedimiento, 0, Mostrar::No);
 }

@@ -2,6 +2,7 @@
 
 #include "core/Rutas.h"
 
+#include <QDir>
 #include <QFile>
 #include <QSaveFile>
 #include <QStringDecoder>
@@ -210,5 +211,9 @@ bool escribirAjuste(const QString& seccion, const QString& clave, const QString&
 QString leerRutaBD()
 {
     const QString ruta = leerAjuste(QStringLiteral("BD"), QStringLiteral("ruta")).trimmed();
-    return ruta.isEmpty() ? ruta : Rutas::conSeparadorFinal(ruta);
+    if (ruta.isEmpty())
+        return ruta;
+    // Una ruta relativa ("datos/") cuenta desde el directorio del programa: la carpeta se puede
+    // copiar o mover entera. La que escribe el asistente es absoluta y sirve tal cual.
+    return Rutas::conSeparadorFinal(QDir::isRelativePath(ruta) ? QDir::toNativeSeparators(Rutas::enPrograma(ruta)) : ruta);
 }

@@ -5,7 +5,9 @@
 #include <QCloseEvent>
 #include <QMdiArea>
 #include <QMdiSubWindow>
+#include <QHash>
 #include <QPointer>
+#include <QTimer>
 
 namespace Pantallas {
 
@@ -20,7 +22,50 @@ QPointer<QMdiArea>& area()
     static QPointer<QMdiArea> a;
     return a;
 }
+
+// Quién estaba delante cuando se enseñó cada pantalla o diálogo: al cerrarse, vuelve al frente.
+QHash<const QWidget*, QPointer<QWidget>>& abridores()
+{
+    static QHash<const QWidget*, QPointer<QWidget>> h;
+    return h;
+}
+// Cuenta las pantallas enseñadas o activadas: si otra pasa al frente después de un cierre,
+// la devolución del frente de ese cierre ya no se hace.
+int& cambiosDeFrente()
+{
+    static int n = 0;
+    return n;
+}
+
+QWidget* pantallaDelante()
+{
+    if (!area())
+        return nullptr;
+    QMdiSubWindow* sub = area()->activeSubWindow();
+    return sub ? sub->widget() : nullptr;
+}
 }  // namespace
+
+void recordarAbridor(const QWidget* w)
+{
+    QWidget* delante = pantallaDelante();
+    if (delante && delante != w)
+        abridores().insert(w, delante);
+    ++cambiosDeFrente();
+}
+
+void devolverFrente(const QWidget* w)
+{
+    const QPointer<QWidget> abridor = abridores().take(w);
+    if (!abridor)
+        return;
+    // Tras el cierre, el área activa la ventana que le toca a ella; se corrige después.
+    const int n = cambiosDeFrente();
+    QTimer::singleShot(0, abridor.data(), [abridor, n] {
+        if (abridor && cambiosDeFrente() == n)
+            activar(abridor.data());
+    });
+}
 
 void registrar(QWidget* w)
 {
@@ -28,7 +73,11 @@ void registrar(QWidget* w)
         lista().append(w);
 }
 
-void quitar(QWidget* w) { lista().removeAll(w); }
+void quitar(QWidget* w)
+{
+    lista().removeAll(w);
+    abridores().remove(w);
+}
 
 QList<QWidget*> cargadas() { return lista(); }
 
@@ -46,7 +95,13 @@ bool descargar(QWidget* w)
     return vigilada.isNull() || !vigilada->isVisible() || !lista().contains(vigilada.data());
 }
 
-void establecerAreaPrincipal(QMdiArea* a) { area() = a; }
+void establecerAreaPrincipal(QMdiArea* a)
+{
+    area() = a;
+    // Al cerrar una ventana pasa al frente la que estaba antes, no la siguiente en orden de creación.
+    if (a)
+        a->setActivationOrder(QMdiArea::ActivationHistoryOrder);
+}
 
 QMdiArea* areaPrincipal() { return area(); }
 
@@ -54,6 +109,7 @@ QWidget* ventanaPrincipal() { return area() ? area()->window() : nullptr; }
 
 void mostrar(QWidget* w)
 {
+    recordarAbridor(w);
     if (area() && !qobject_cast<QDialog*>(w)) {
         QMdiSubWindow* sub = qobject_cast<QMdiSubWindow*>(w->parentWidget());
         if (!sub) {
@@ -76,10 +132,9 @@ void mostrar(QWidget* w)
     w->show();
 }
 
-void activar(QWidget* w)
+namespace {
+void traerAlFrente(QWidget* w)
 {
-    if (!w || !lista().contains(w))
-        return;
     if (auto* sub = qobject_cast<QMdiSubWindow*>(w->parentWidget())) {
         if (sub->mdiArea())
             sub->mdiArea()->setActiveSubWindow(sub);
@@ -88,6 +143,21 @@ void activar(QWidget* w)
         w->raise();
         w->activateWindow();
     }
+}
+}  // namespace
+
+void activar(QWidget* w)
+{
+    if (!w || !lista().contains(w))
+        return;
+    const int n = ++cambiosDeFrente();
+    traerAlFrente(w);
+    // Una ventana que se cierra a la vez se borra después y el área elige entonces otra: se repite
+    // cuando ya lo ha hecho, si nadie ha pasado al frente entretanto.
+    QTimer::singleShot(0, w, [w, n] {
+        if (cambiosDeFrente() == n && lista().contains(w))
+            traerAlFrente(w);
+    });
 }
 
 void centrar(QWidget* w)
@@ -136,6 +206,7 @@ Pantalla::~Pantalla() { Pantallas::quitar(this); }
 void Pantalla::closeEvent(QCloseEvent* e)
 {
     if (alDescargar()) {
+        Pantallas::devolverFrente(this);
         Pantallas::quitar(this);
         e->accept();
     } else {
@@ -146,6 +217,17 @@ void Pantalla::closeEvent(QCloseEvent* e)
 Dialogo::Dialogo(QWidget* padre) : QDialog(padre ? padre : Pantallas::ventanaPrincipal())
 {
     Pantallas::registrar(this);
+    Pantallas::recordarAbridor(this);
 }
 
-Dialogo::~Dialogo() { Pantallas::quitar(this); }
+Dialogo::~Dialogo()
+{
+    Pantallas::devolverFrente(this);
+    Pantallas::quitar(this);
+}
+
+void Dialogo::done(int resultado)
+{
+    QDialog::done(resultado);
+    Pantallas::devolverFrente(this);
+}

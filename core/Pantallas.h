@@ -46,6 +46,10 @@ void mostrar(QWidget* w);
 void centrar(QWidget* w);
 // Trae al frente y da el foco a una pantalla (la que pidió algo a otra que ya se ha cerrado).
 void activar(QWidget* w);
+// La pantalla que estaba delante al enseñar w vuelve al frente cuando w se cierra, salvo que
+// entretanto se haya enseñado o activado otra. mostrar() y los diálogos lo hacen solos.
+void recordarAbridor(const QWidget* w);
+void devolverFrente(const QWidget* w);
 
 // Pregunta común al cerrar una pantalla con cambios: "¿Desea guardar los cambios antes de
 // salir?" con Sí, No y Cancelar. Sí llama a guardar(), que devuelve si la pantalla puede cerrarse
@@ -81,4 +85,5 @@ class Dialogo : public QDialog {
 public:
     explicit Dialogo(QWidget* padre = nullptr);
     ~Dialogo() override;
+    void done(int resultado) override;
 };

@@ -4,7 +4,19 @@
 #include "forms/DatosImpreso.h"
 #include "forms/frmDatosImpreso_A1.h"
 #include "forms/frmDatosImpreso_B2.h"
+// Impresos A2 y A3.
+#include "forms/frmDatosImpreso_A2.h"
+#include "forms/frmDatosImpreso_A3.h"
+// Facturas y certificados de retenciones.
+#include "forms/frmDatosImpreso_B1_B3_B4.h"
+#include "forms/frmDatosImpreso_B4.h"
+#include "forms/frmDatosImpreso_B4_Propio.h"
 #include "reports/TablaImpresos.h"
+// Nombramientos, hoja urbanística y comunicado de dirección.
+#include "forms/frmDatosImpreso_A4.h"
+#include "forms/frmDatosImpreso_A5.h"
+#include "forms/frmDatosImpreso_CSS.h"
+#include "forms/frmDatosImpreso_ComunicadoDireccionCoordinador.h"
 // Certificados
 #include "forms/frmDatosImpreso_Certificado.h"
 #include "forms/frmDatosImpreso_CertificadoFinObra.h"
@@ -24,6 +36,18 @@ const QHash<QString, Fabrica>& fabricas()
     static const QHash<QString, Fabrica> f = {
         {QStringLiteral("frmDatosImpreso_A1"), [] { return new frmDatosImpreso_A1; }},
         {QStringLiteral("frmDatosImpreso_B2"), [] { return new frmDatosImpreso_B2; }},
+        // Impresos A2 y A3.
+        {QStringLiteral("frmDatosImpreso_A2"), [] { return new frmDatosImpreso_A2; }},
+        {QStringLiteral("frmDatosImpreso_A3"), [] { return new frmDatosImpreso_A3; }},
+        // Facturas y certificados de retenciones.
+        {QStringLiteral("frmDatosImpreso_B1_B3_B4"), [] { return new frmDatosImpreso_B1_B3_B4; }},
+        {QStringLiteral("frmDatosImpreso_B4"), [] { return new frmDatosImpreso_B4; }},
+        {QStringLiteral("frmDatosImpreso_B4_Propio"), [] { return new frmDatosImpreso_B4_Propio; }},
+        // Nombramientos, hoja urbanística y comunicado de dirección.
+        {QStringLiteral("frmDatosImpreso_A4"), [] { return new frmDatosImpreso_A4; }},
+        {QStringLiteral("frmDatosImpreso_CSS"), [] { return new frmDatosImpreso_CSS; }},
+        {QStringLiteral("frmDatosImpreso_A5"), [] { return new frmDatosImpreso_A5; }},
+        {QStringLiteral("frmDatosImpreso_ComunicadoDireccionCoordinador"), [] { return new frmDatosImpreso_ComunicadoDireccionCoordinador; }},
         // Certificados
         {QStringLiteral("frmDatosImpreso_Certificado"), [] { return new frmDatosImpreso_Certificado; }},
         {QStringLiteral("frmDatosImpreso_CertificadoFinObra"), [] { return new frmDatosImpreso_CertificadoFinObra; }},
@@ -46,6 +70,7 @@ bool abrirImpreso(const PeticionFicha& p)
             return true;
     DatosImpreso* f = crearPantallaImpreso(d->pantalla);
     f->Operacion = p.operacion;
+    f->TipoImpreso = v->tipoImpreso;
     f->setTag(p.operacion);
     if (!alta)
         f->Clave = p.codigo;

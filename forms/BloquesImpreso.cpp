@@ -1,7 +1,12 @@
 #include "forms/BloquesImpreso.h"
 
+#include "core/CicloPantalla.h"
 #include "core/Formato.h"
 #include "core/Mensajes.h"
+#include "reports/FormatoInforme.h"
+
+#include <QAbstractButton>
+#include <QLineEdit>
 
 
 namespace BloquesImpreso {
@@ -104,13 +109,7 @@ void bloqueCliente(const Consulta& proyecto, FilaTemporal& fila)
     if (!cli.siguiente())
         return;
     const auto datosPersona = [&fila](const Consulta& c, const QString& prefijo) {
-        fila.poner(prefijo + QStringLiteral("NOM"), nombreCompleto(c));
-        fila.poner(prefijo + QStringLiteral("NIF"), texto(c, QStringLiteral("NIF")));
-        fila.poner(prefijo + QStringLiteral("DOM"), texto(c, QStringLiteral("Dirección_Cli")));
-        fila.poner(prefijo + QStringLiteral("MUN"), texto(c, QStringLiteral("Municipio_Cli")));
-        fila.poner(prefijo + QStringLiteral("PRO"), texto(c, QStringLiteral("Provincia_Cli")));
-        fila.poner(prefijo + QStringLiteral("CP"), texto(c, QStringLiteral("cp")));
-        fila.poner(prefijo + QStringLiteral("TEL"), texto(c, QStringLiteral("Tfno_Cli")));
+        columnasPersona(c, prefijo, fila, ConCodigo::No);
         fila.poner(prefijo + QStringLiteral("EMAIL"), texto(c, QStringLiteral("Correo_Cli")));
     };
     // esR nulo o -1 (también 0): persona que actúa sola; otro valor: sociedad con representante.
@@ -144,7 +143,7 @@ void bloqueSociedad(const Consulta& proyecto, FilaTemporal& fila)
         fila.poner(QStringLiteral("HAYSOC"), QString());
         return;
     }
-    Consulta soc(SQL_ARQUITECTO, {codigo});
+    Consulta soc(SQL_OTROS_ARQUITECTO, {codigo});
     if (!soc.siguiente())
         return;
     // O inclusivo, como siempre: una dirección vacía deja la coma delante del municipio.
@@ -169,7 +168,7 @@ void paginaArquitectos(qint64 pryCod, int pagina, FilaTemporal& fila, QString& d
         const QVariant codigo = arq.valor(QStringLiteral("Codigo_Arq"));
         if (propia.isNull() || propia.toLongLong() != 0 || codigo.isNull())
             continue;
-        Consulta otros(SQL_ARQUITECTO, {codigo});
+        Consulta otros(SQL_OTROS_ARQUITECTO, {codigo});
         if (!otros.siguiente()) {
             Mensajes::aviso(AVISO_ARQUITECTO_NO_HALLADO);
             continue;
@@ -205,10 +204,7 @@ void paginaArquitectos(qint64 pryCod, int pagina, FilaTemporal& fila, QString& d
 
 void columnasProyecto(const Consulta& proyecto, FilaTemporal& fila)
 {
-    fila.poner(QStringLiteral("PRYNOM"), texto(proyecto, QStringLiteral("Trabajo")));
-    fila.poner(QStringLiteral("PRYDOM"), texto(proyecto, QStringLiteral("Emplazamiento")));
-    fila.poner(QStringLiteral("PRYMUN"), texto(proyecto, QStringLiteral("Municipio")));
-    fila.poner(QStringLiteral("PRYPRO"), texto(proyecto, QStringLiteral("Provincia")));
+    columnasObra(proyecto, fila);
     for (int i = 1; i <= 4; ++i) {
         const QString c = QStringLiteral("PRYF%1").arg(i);
         fila.poner(c, marca(proyecto.valor(c)));
@@ -233,6 +229,221 @@ int escribirHojas(qint64 pryCod, const QString& tablaTemporal, const ColumnasImp
         ++escritas;
     }
     return escritas;
+}
+
+// ---------------------------------------------------------------- impresos de una sola fila (A2, A3)
+
+QString lineaAutores(qint64 pryCod)
+{
+    {
+        Consulta propia(QStringLiteral("SELECT * FROM Arquitectos_Proyecto WHERE PryCod = ? AND EsPropiaSociedad <> 0 ORDER BY rowid"),
+                        {pryCod});
+        if (propia.siguiente()) {
+            const QVariant codigo = propia.valor(QStringLiteral("Codigo_Arq"));
+            if (codigo.isNull())
+                return {};
+            Consulta soc(QStringLiteral("SELECT * FROM OTROS WHERE Codigo_Cli = ?"), {codigo});
+            if (!soc.siguiente()) {
+                Mensajes::aviso(AVISO_SOCIEDAD_NO_HALLADA);
+                return {};
+            }
+            // La sociedad firma sola.
+            return texto(soc, QStringLiteral("Nombre_Cli")).trimmed();
+        }
+    }
+    // Sin límite de tres: todos los del proyecto, en su orden.
+    QString linea;
+    Consulta arq(QStringLiteral("SELECT * FROM Arquitectos_Proyecto WHERE PryCod = ? ORDER BY rowid"), {pryCod});
+    while (arq.siguiente()) {
+        Consulta otros(QStringLiteral("SELECT * FROM OTROS WHERE Codigo_Cli = ?"), {arq.valor(QStringLiteral("Codigo_Arq"))});
+        if (otros.siguiente())
+            linea += nombreCompleto(otros) + QStringLiteral(", ");
+    }
+    if (!linea.trimmed().isEmpty())
+        linea.chop(2);
+    return linea;
+}
+
+void columnasTrabajo(const Consulta& proyecto, FilaTemporal& fila)
+{
+    fila.poner(QStringLiteral("PRYNOM"), texto(proyecto, QStringLiteral("Trabajo")));
+    fila.poner(QStringLiteral("PRYDOM"), texto(proyecto, QStringLiteral("Emplazamiento")));
+    fila.poner(QStringLiteral("CLIMUN"), texto(proyecto, QStringLiteral("Municipio")));
+    fila.poner(QStringLiteral("CLIPRO"), texto(proyecto, QStringLiteral("Provincia")));
+    const QVariant cliente = proyecto.valor(QStringLiteral("Codigo_Cliente"));
+    if (!cliente.isNull()) {
+        Consulta cli(QStringLiteral("SELECT * FROM Clientes WHERE Codigo_Cli = ?"), {cliente});
+        if (cli.siguiente())
+            fila.poner(QStringLiteral("CLINOM"), nombreCompleto(cli));
+    }
+    for (const char* c : {"EXPNUM", "EXPREF", "EXPFV", "EXPFFO"})
+        fila.poner(QString::fromLatin1(c), texto(proyecto, QString::fromLatin1(c)));
+    fila.poner(QStringLiteral("ARQ1NOM"), lineaAutores(proyecto.valor(QStringLiteral("PRYCOD")).toLongLong()));
+}
+
+QVariant numeroONulo(const QString& texto)
+{
+    const QString t = texto.trimmed();
+    if (t.isEmpty())
+        return {};
+    bool ok = false;
+    const double v = Formato::aNumero(t, &ok);
+    return ok ? QVariant(v) : QVariant(t);
+}
+
+namespace {
+QAbstractButton* casilla(const CampoImpreso& c)
+{
+    auto* b = qobject_cast<QAbstractButton*>(c.control);
+    return b && b->isCheckable() ? b : nullptr;
+}
+}  // namespace
+
+QVariant valorHistorico(const CampoImpreso& c)
+{
+    if (const QAbstractButton* b = casilla(c))
+        return marca(b->isChecked());
+    const QString t = Instantanea::texto(c.control);
+    return c.numerico ? numeroONulo(t) : QVariant(t.trimmed());
+}
+
+QVariant valorTemporal(const CampoImpreso& c)
+{
+    if (const QAbstractButton* b = casilla(c))
+        return marca(b->isChecked());
+    const QString t = Instantanea::texto(c.control);
+    return c.numerico ? textoONulo(t) : QVariant(t.trimmed());
+}
+
+void cargarCampo(const CampoImpreso& c, const Consulta& fila)
+{
+    const QVariant v = fila.valor(c.columna);
+    if (QAbstractButton* b = casilla(c)) {
+        b->setChecked(v.toString() == QLatin1String("X"));
+        return;
+    }
+    const QString t = c.numerico ? FormatoInforme::valor(v, c.formato) : (v.isNull() ? QString() : v.toString());
+    if (auto* l = qobject_cast<QLineEdit*>(c.control))
+        l->setText(t);
+}
+
+Campos camposHistorico(const QList<CampoImpreso>& campos)
+{
+    Campos r;
+    r.reserve(campos.size());
+    for (const CampoImpreso& c : campos)
+        r.append({c.columna, valorHistorico(c)});
+    return r;
+}
+
+int escribirFila(qint64 pryCod, const QString& tablaTemporal, const QList<CampoImpreso>& campos)
+{
+    Consulta proyecto(QStringLiteral("SELECT * FROM Proyectos_A WHERE PRYCOD = ?"), {pryCod});
+    if (!leerProyecto(proyecto))
+        return 0;
+    FilaTemporal fila;
+    columnasTrabajo(proyecto, fila);
+    for (const CampoImpreso& c : campos)
+        if (c.columna != QLatin1String("PRYNOM") && c.columna != QLatin1String("PRYCOD"))
+            fila.poner(c.columna, valorTemporal(c));
+    fila.insertarEn(tablaTemporal);
+    return 1;
+}
+
+// ---------------------------------------------------------------- facturas y certificados
+
+void columnasPersona(const Consulta& c, const QString& prefijo, FilaTemporal& fila, ConCodigo codigo)
+{
+    fila.poner(prefijo + QStringLiteral("NOM"), nombreCompleto(c));
+    if (codigo == ConCodigo::Si)
+        fila.poner(prefijo + QStringLiteral("COD"), c.valor(QStringLiteral("Codigo_Cli")));
+    fila.poner(prefijo + QStringLiteral("NIF"), texto(c, QStringLiteral("NIF")));
+    fila.poner(prefijo + QStringLiteral("DOM"), texto(c, QStringLiteral("Dirección_Cli")));
+    fila.poner(prefijo + QStringLiteral("MUN"), texto(c, QStringLiteral("Municipio_Cli")));
+    fila.poner(prefijo + QStringLiteral("PRO"), texto(c, QStringLiteral("Provincia_Cli")));
+    fila.poner(prefijo + QStringLiteral("TEL"), texto(c, QStringLiteral("Tfno_Cli")));
+    fila.poner(prefijo + QStringLiteral("CP"), texto(c, QStringLiteral("cp")));
+}
+
+bool leerFila(Consulta& consulta, const QString& avisoSinFila)
+{
+    if (consulta.siguiente())
+        return true;
+    Mensajes::aviso(avisoSinFila);
+    return false;
+}
+
+void columnaAgenciaTributaria(FilaTemporal& fila)
+{
+    Consulta c(QStringLiteral("SELECT AgenciaTributaria FROM Config"));
+    if (leerFila(c, QStringLiteral("No se ha podido cargar la ubicación de la Agencia Tributaria")))
+        fila.poner(QStringLiteral("AgenciaTributaria"), texto(c, QStringLiteral("AgenciaTributaria")));
+}
+
+// ---------------------------------------------------------------- nombramientos y hojas resumen
+
+void columnasObra(const Consulta& proyecto, FilaTemporal& fila)
+{
+    fila.poner(QStringLiteral("PRYNOM"), texto(proyecto, QStringLiteral("Trabajo")));
+    fila.poner(QStringLiteral("PRYDOM"), texto(proyecto, QStringLiteral("Emplazamiento")));
+    fila.poner(QStringLiteral("PRYMUN"), texto(proyecto, QStringLiteral("Municipio")));
+    fila.poner(QStringLiteral("PRYPRO"), texto(proyecto, QStringLiteral("Provincia")));
+}
+
+namespace {
+
+// Nombres de las filas de un enlace del proyecto que están en OTROS como arquitectos, unidos por
+// ", "; las que no están se saltan.
+QString unirArquitectos(const QString& sql, qint64 pryCod)
+{
+    QStringList nombres;
+    for (Consulta c(sql, {pryCod}); c.siguiente();) {
+        const QVariant codigo = c.valor(QStringLiteral("Codigo_Arq"));
+        if (codigo.isNull())
+            continue;
+        Consulta otros(SQL_OTROS_ARQUITECTO, {codigo});
+        if (otros.siguiente())
+            nombres << nombreCompleto(otros);
+    }
+    return nombres.join(QStringLiteral(", "));
+}
+
+}  // namespace
+
+QString nombresAutores(qint64 pryCod)
+{
+    return unirArquitectos(QStringLiteral("SELECT * FROM Autores_Proyecto WHERE PryCod = ? ORDER BY rowid"), pryCod);
+}
+
+void cabeceraResumen(const Consulta& proyecto, FilaTemporal& fila)
+{
+    fila.poner(QStringLiteral("PRYNOM"), texto(proyecto, QStringLiteral("Trabajo")));
+    fila.poner(QStringLiteral("PRYDOM"), texto(proyecto, QStringLiteral("Emplazamiento")));
+    fila.poner(QStringLiteral("CLIMUN"), texto(proyecto, QStringLiteral("Municipio")));
+    fila.poner(QStringLiteral("CLIPRO"), texto(proyecto, QStringLiteral("Provincia")));
+    const QVariant cliente = proyecto.valor(QStringLiteral("Codigo_Cliente"));
+    if (cliente.isNull())
+        return;
+    Consulta cli(QStringLiteral("SELECT * FROM Clientes WHERE Codigo_Cli = ?"), {cliente});
+    if (cli.siguiente())
+        fila.poner(QStringLiteral("CLINOM"), nombreCompleto(cli));
+}
+
+QString firmaResumen(qint64 pryCod)
+{
+    Consulta propia(QStringLiteral("SELECT * FROM Arquitectos_Proyecto WHERE PryCod = ? AND EsPropiaSociedad <> 0 ORDER BY rowid"),
+                    {pryCod});
+    if (!propia.siguiente())
+        return unirArquitectos(QStringLiteral("SELECT * FROM Arquitectos_Proyecto WHERE PryCod = ? ORDER BY rowid"), pryCod);
+    const QVariant codigo = propia.valor(QStringLiteral("Codigo_Arq"));
+    if (codigo.isNull())
+        return {};
+    Consulta soc(SQL_OTROS_ARQUITECTO, {codigo});
+    if (!soc.siguiente()) {
+        Mensajes::aviso(AVISO_SOCIEDAD_NO_HALLADA);
+        return {};
+    }
+    return texto(soc, QStringLiteral("Nombre_Cli")).trimmed();
 }
 
 }  // namespace BloquesImpreso

@@ -1,15 +1,21 @@
 #include "forms/DatosImpreso.h"
 
+#include "core/AyudaFecha.h"
+#include "core/Fechas.h"
 #include "core/Iconos.h"
 #include "core/modFunciones.h"
 #include "forms/BloquesImpreso.h"
 #include "reports/VistaImpreso.h"
+#include "reports/frmVisorCrystal.h"
 #include "search/AbrirBusqueda.h"
 
 #include <QAction>
+#include <QDate>
 #include <QEvent>
 #include <QLineEdit>
 #include <QPointer>
+#include <QStackedWidget>
+#include <QTabWidget>
 #include <QTimer>
 #include <QToolBar>
 #include <QToolButton>
@@ -21,9 +27,15 @@ DatosImpreso::DatosImpreso(const QString& pantalla, QWidget* padre)
     setObjectName(pantalla);
 }
 
-const VarianteImpreso& DatosImpreso::variante() const { return m_definicion->variantes.constFirst(); }
+const VarianteImpreso& DatosImpreso::variante() const
+{
+    for (const VarianteImpreso& v : m_definicion->variantes)
+        if (!TipoImpreso.isEmpty() && v.tipoImpreso == TipoImpreso)
+            return v;
+    return m_definicion->variantes.constFirst();
+}
 
-void DatosImpreso::enlazarControles()
+void DatosImpreso::enlazarControles(const QString& buscarProyecto, const QString& borrarProyecto)
 {
     txt_Lugar = findChild<QLineEdit*>(QStringLiteral("txt_Lugar"));
     txt_Fecha = findChild<QLineEdit*>(QStringLiteral("txt_Fecha"));
@@ -32,8 +44,13 @@ void DatosImpreso::enlazarControles()
     if (m_definicion->conProyecto) {
         txt_CodProyecto = findChild<QLineEdit*>(QStringLiteral("txt_CodProyecto"));
         txt_Proyecto = findChild<QLineEdit*>(QStringLiteral("txt_Proyecto"));
-        img_Buscar = findChild<QToolButton*>(QStringLiteral("img_Buscar"));
-        img_Borrar = findChild<QToolButton*>(QStringLiteral("img_Borrar"));
+        // Con varios botones de búsqueda, el del proyecto es el primero de la matriz.
+        img_Buscar = findChild<QToolButton*>(buscarProyecto);
+        if (!img_Buscar)
+            img_Buscar = findChild<QToolButton*>(buscarProyecto + QStringLiteral("_0"));
+        img_Borrar = findChild<QToolButton*>(borrarProyecto);
+        if (!img_Borrar)
+            img_Borrar = findChild<QToolButton*>(borrarProyecto + QStringLiteral("_0"));
         Q_ASSERT(txt_CodProyecto && txt_Proyecto && img_Buscar && img_Borrar);
         txt_CodProyecto->setReadOnly(true);
         txt_Proyecto->setReadOnly(true);
@@ -63,6 +80,8 @@ bool DatosImpreso::cargar()
     aplicarLimites();
 
     UsoConexion uso;
+    if (!prepararCarga())
+        return false;
     if (Operacion == QLatin1String("ALTA")) {
         txt_Fecha->setText(Formato::fechaPie(QDate::currentDate()));
         // El lugar por omisión es el municipio del estudio; sin lugar en el pie no se lee.
@@ -84,33 +103,33 @@ bool DatosImpreso::cargar()
 
 void DatosImpreso::img_Buscar_Click()
 {
-    abrirSelector(QStringLiteral("PROYECTOS_A"), QStringLiteral("Buscar proyecto"), [this](const Eleccion& e) { recibirProyecto(e); },
-                  [this](const RegistroGuardado& r) { recibirProyectoNuevo(r); });
+    guardia(m_pantalla, QStringLiteral("img_Buscar_Click"), [&] {
+        abrirSelector({.tabla = QStringLiteral("PROYECTOS_A"),
+                       .titulo = QStringLiteral("Buscar proyecto"),
+                       .claveRetorno = m_definicion->claveRetorno},
+                      [this](const Eleccion& e) { recibirProyecto(e); },
+                      [this](const RegistroGuardado& r) { recibirProyectoNuevo(r); });
+    });
 }
 
-void DatosImpreso::abrirSelector(const QString& tabla, const QString& titulo, std::function<void(const Eleccion&)> alElegir,
-                                 AlGuardar alDarDeAlta)
+void DatosImpreso::abrirSelector(PeticionSelector p, const std::function<void(const Eleccion&)>& alElegir,
+                                 const AlGuardar& alDarDeAlta)
 {
-    guardia(m_pantalla, QStringLiteral("img_Buscar_Click"), [&] {
-        // Lo elegido sólo llega si la pantalla sigue abierta.
-        QPointer<DatosImpreso> yo(this);
-        frmBuscarSeleccionar::abrir({.tabla = tabla,
-                                     .claveLlamada = m_definicion->claveSeleccion,
-                                     .titulo = titulo,
-                                     .claveRetorno = m_definicion->claveRetorno,
-                                     .llamador = this,
-                                     .alElegir =
-                                         [yo, alElegir](const Eleccion& e) {
-                                             if (yo)
-                                                 alElegir(e);
-                                             return true;
-                                         },
-                                     .alDarDeAlta =
-                                         [yo, alDarDeAlta](const RegistroGuardado& r) {
-                                             if (yo)
-                                                 alDarDeAlta(r);
-                                         }});
-    });
+    QPointer<DatosImpreso> yo(this);
+    if (p.claveLlamada.isEmpty())
+        p.claveLlamada = m_definicion->claveSeleccion;
+    p.llamador = this;
+    p.alElegir = [yo, alElegir](const Eleccion& e) {
+        if (yo)
+            alElegir(e);
+        return true;
+    };
+    if (alDarDeAlta)
+        p.alDarDeAlta = [yo, alDarDeAlta](const RegistroGuardado& r) {
+            if (yo)
+                alDarDeAlta(r);
+        };
+    frmBuscarSeleccionar::abrir(p);
 }
 
 void DatosImpreso::recibirProyecto(const Eleccion& e)
@@ -150,8 +169,10 @@ QList<QWidget*> DatosImpreso::controlesCopia() const
 bool DatosImpreso::avisar(QWidget* campo, const QString& texto)
 {
     Mensajes::aviso(texto);
-    if (campo)
+    if (campo) {
+        mostrarPestana(campo);
         campo->setFocus();
+    }
     return false;
 }
 
@@ -165,7 +186,7 @@ bool DatosImpreso::validarDatos()
         return avisar(txt_Lugar, QStringLiteral("Por favor, escriba el lugar (necesario para el pie del impreso)"));
     if (txt_Fecha->text().trimmed().isEmpty())
         return avisar(txt_Fecha, QStringLiteral("Por favor, escriba la fecha (necesaria para el pie del impreso)"));
-    return true;
+    return validarTrasPie();
 }
 
 // ---------------------------------------------------------------- escritura
@@ -235,10 +256,12 @@ void DatosImpreso::tlb_BotoneraImprimir_ButtonClick()
     if (!ok && enTransaccion)
         Mensajes::aviso(TablaImpresos::AVISO_FALLO);
 
-    // Un impreso nuevo sólo vive hasta su primera vista previa: se cierra y se abre su lista.
+    // Un impreso nuevo sólo vive hasta su primera vista previa: se cierra y se abre su lista,
+    // detrás de la vista previa recién hecha.
     if (tag() == QLatin1String("ALTA")) {
         Pantallas::descargar(this);
         abrirListaImpreso(v.entradaMenu);
+        Pantallas::activar(Pantallas::cargada<frmVisorCrystal>());
     }
 }
 
@@ -254,70 +277,122 @@ bool DatosImpreso::guardarAlSalir()
     return !m_cancelarCierre;
 }
 
-// ---------------------------------------------------------------- campos de fecha
+// ---------------------------------------------------------------- pares código y nombre
+
+PeticionSelector DatosImpreso::peticionPar(PeticionSelector p, QLineEdit* codigo, QLineEdit* nombre, std::function<void()> recibido)
+{
+    QPointer<QLineEdit> cod(codigo), nom(nombre);
+    const auto escribir = [cod, nom, recibido](qint64 c, const QString& n) {
+        if (!cod || !nom)
+            return;
+        nom->setText(n);
+        cod->setText(QString::number(c));
+        if (recibido)
+            recibido();
+    };
+    p.llamador = this;
+    p.alElegir = [escribir](const Eleccion& e) {
+        escribir(e.codigo, e.nombreCompleto);
+        return true;
+    };
+    p.alDarDeAlta = [escribir](const RegistroGuardado& r) { escribir(r.codigo, r.nombre); };
+    return p;
+}
+
+void DatosImpreso::buscarPar(const PeticionSelector& p, QLineEdit* codigo, QLineEdit* nombre)
+{
+    frmBuscarSeleccionar::abrir(peticionPar(p, codigo, nombre));
+}
+
+// ---------------------------------------------------------------- fechas con máscara y pestañas
 
 namespace {
 
-// Al entrar en un campo de fecha: el globo bajo el campo y su texto seleccionado; al salir, fuera.
-class VigiaFecha : public QObject {
+// Un campo de fecha: al entrar, el globo bajo el campo (o encima si no cabe) y el contenido
+// seleccionado; al salir, el globo se oculta.
+class FiltroCampoFecha : public QObject {
 public:
-    VigiaFecha(QWidget* pantalla, AyudaFecha* ayuda) : QObject(pantalla), m_pantalla(pantalla), m_ayuda(ayuda) {}
+    FiltroCampoFecha(QLineEdit* campo, AyudaFecha* ayuda) : QObject(campo), m_campo(campo), m_ayuda(ayuda) {}
 
-protected:
-    bool eventFilter(QObject* objeto, QEvent* evento) override
+    bool eventFilter(QObject*, QEvent* e) override
     {
-        auto* campo = qobject_cast<QLineEdit*>(objeto);
-        if (!campo)
-            return false;
-        if (evento->type() == QEvent::FocusIn) {
+        if (e->type() == QEvent::FocusIn) {
             m_ayuda->mostrarAyuda(1);
-            QPoint p = campo->mapTo(m_pantalla, QPoint(0, campo->height() + 2));
-            p.setX(qMin(p.x(), qMax(0, m_pantalla->width() - m_ayuda->width())));
+            QWidget* pantalla = m_ayuda->parentWidget();
+            QPoint p = m_campo->mapTo(pantalla, QPoint(0, m_campo->height() + 2));
+            if (p.y() + m_ayuda->height() > pantalla->height())
+                p.setY(m_campo->mapTo(pantalla, QPoint(0, 0)).y() - m_ayuda->height() - 2);
+            p.setX(qMin(p.x(), qMax(0, pantalla->width() - m_ayuda->width())));
             m_ayuda->move(p);
-            // El campo coloca su cursor al recibir el foco: se selecciona después.
-            QPointer<QLineEdit> vigilado(campo);
-            QTimer::singleShot(0, campo, [vigilado] {
-                if (vigilado)
-                    vigilado->selectAll();
+            // El campo coloca el cursor al recibir el foco; se selecciona después.
+            QPointer<QLineEdit> campo(m_campo);
+            QTimer::singleShot(0, m_campo, [campo] {
+                if (campo)
+                    campo->selectAll();
             });
-        } else if (evento->type() == QEvent::FocusOut) {
+        } else if (e->type() == QEvent::FocusOut) {
             m_ayuda->mostrarAyuda(0);
         }
         return false;
     }
 
 private:
-    QWidget* m_pantalla;
+    QLineEdit* m_campo;
     AyudaFecha* m_ayuda;
 };
+
+QDate fechaDe(const QLineEdit* campo)
+{
+    const QString t = campo->displayText().trimmed();
+    if (t == FECHA_VACIA)
+        return {};
+    return QDate::fromString(textoFechaNormalizado(t), QStringLiteral("dd/MM/yyyy"));
+}
 
 }  // namespace
 
 void DatosImpreso::prepararFechas(const QList<QLineEdit*>& campos)
 {
-    if (!m_ayuda)
-        m_ayuda = new AyudaFecha(this);
-    auto* vigia = new VigiaFecha(this, m_ayuda);
-    for (QLineEdit* msk : campos) {
-        prepararCampoFecha(msk);
-        msk->installEventFilter(vigia);
+    if (!m_ayudaFecha)
+        m_ayudaFecha = new AyudaFecha(this);
+    for (QLineEdit* c : campos) {
+        prepararCampoFecha(c);
+        c->installEventFilter(new FiltroCampoFecha(c, m_ayudaFecha));
     }
 }
 
 void DatosImpreso::mostrarAyuda(int mostrar)
 {
-    if (m_ayuda)
-        m_ayuda->mostrarAyuda(mostrar);
+    if (m_ayudaFecha)
+        m_ayudaFecha->mostrarAyuda(mostrar);
 }
 
-QVariant DatosImpreso::fechaGuardable(const QLineEdit* msk)
+QVariant DatosImpreso::fechaHistorico(const QLineEdit* campo)
 {
-    const QDate f = QDate::fromString(textoFechaNormalizado(msk->displayText()), QStringLiteral("dd/MM/yyyy"));
+    const QDate f = fechaDe(campo);
     return f.isValid() ? QVariant(f.toString(Qt::ISODate)) : QVariant(QMetaType(QMetaType::QString));
 }
 
-QString DatosImpreso::fechaEnCampo(const QString& iso)
+QVariant DatosImpreso::fechaTemporal(const QLineEdit* campo)
 {
-    const QDate f = QDate::fromString(iso.trimmed().left(10), Qt::ISODate);
-    return f.isValid() ? f.toString(QStringLiteral("dd/MM/yyyy")) : QString();
+    const QDate f = fechaDe(campo);
+    return f.isValid() ? QVariant(f.toString(QStringLiteral("dd/MM/yyyy"))) : QVariant(QMetaType(QMetaType::QString));
+}
+
+void DatosImpreso::ponerFecha(QLineEdit* campo, const QVariant& guardada)
+{
+    const QString t = guardada.isNull() ? QString() : guardada.toString().trimmed();
+    QDate f = QDate::fromString(t.left(10), Qt::ISODate);
+    if (!f.isValid())
+        f = QDate::fromString(textoFechaNormalizado(t), QStringLiteral("dd/MM/yyyy"));
+    campo->setText(f.isValid() ? f.toString(QStringLiteral("dd/MM/yyyy")) : QString());
+}
+
+void DatosImpreso::mostrarPestana(QWidget* campo)
+{
+    // Cada página de un QTabWidget cuelga de su QStackedWidget interno.
+    for (QWidget* w = campo; w && w->parentWidget(); w = w->parentWidget())
+        if (qobject_cast<QStackedWidget*>(w->parentWidget()))
+            if (auto* pestanas = qobject_cast<QTabWidget*>(w->parentWidget()->parentWidget()))
+                pestanas->setCurrentWidget(w);
 }

@@ -22,6 +22,9 @@ public:
     // Lo que fija quien la abre antes de Form_Load (el Tag lleva lo mismo que Operacion).
     QString Operacion;
     qint64 Clave = 0;
+    // Tipo de impreso que da la lista ("B1", "B3"...): elige la variante en las pantallas que dan
+    // varios impresos; vacío, la primera.
+    QString TipoImpreso;
 
     const DefinicionImpreso& definicion() const { return *m_definicion; }
     // Variante en curso (código, informe, títulos); las pantallas de un solo impreso tienen una.
@@ -45,11 +48,16 @@ public:
 protected:
     DatosImpreso(const QString& pantalla, QWidget* padre);
 
-    // Tras setupUi: busca los controles comunes por su nombre y los conecta.
-    void enlazarControles();
+    // Tras setupUi: busca los controles comunes por su nombre y los conecta. Los botones del
+    // proyecto pueden ser el índice 0 de una matriz de botones ("img_Buscar_0").
+    void enlazarControles(const QString& buscarProyecto = QStringLiteral("img_Buscar"),
+                          const QString& borrarProyecto = QStringLiteral("img_Borrar"));
 
     // Lo propio de cada impreso.
     virtual void aplicarLimites() {}
+    // Tras abrir la conexión, antes de los valores por omisión o de leer la fila: false detiene
+    // la carga (y la pantalla queda sin copia), como la factura sin tipos de IVA e IRPF.
+    virtual bool prepararCarga() { return true; }
     virtual void valoresPorDefecto() {}                       // "ALTA"
     virtual void cargarCampos(const Consulta& fila) = 0;      // "MODIFICAR": sus columnas
     virtual Campos camposHistorico() const = 0;               // columnas en su orden, sin la marca de tipo
@@ -57,6 +65,7 @@ protected:
     // misma transacción con la clave de la fila.
     virtual void escribirFilasHijas(qint64 /*clave*/) {}
     virtual bool validarPropios() { return true; }            // entre el proyecto y el pie
+    virtual bool validarTrasPie() { return true; }            // tras el lugar y la fecha
     virtual void escribirTemporal() = 0;                      // filas de la tabla temporal
     // Tras confirmar: la vista previa de la variante. El certificado fin de obra pregunta antes el diseño.
     virtual void mostrarVistaPrevia();
@@ -68,24 +77,15 @@ protected:
     bool cargar() override;
     bool guardarAlSalir() override;
 
+    // Abre el selector para esta pantalla: lo elegido y lo dado de alta llegan a las funciones dadas
+    // mientras la pantalla siga abierta, y ella vuelve al frente. Sin clave de llamada, la del impreso.
+    void abrirSelector(PeticionSelector p, const std::function<void(const Eleccion&)>& alElegir, const AlGuardar& alDarDeAlta = {});
+
     // Valores comunes para las columnas.
     qint64 codigoProyecto() const;
     QString recortado(const QWidget* w) const;
     // Aviso de validación con el foco en el campo.
     bool avisar(QWidget* campo, const QString& texto);
-    // Abre el selector de una tabla con las claves de selección y de retorno del impreso; lo
-    // elegido, o lo dado de alta desde él, llega a la pantalla si sigue abierta.
-    void abrirSelector(const QString& tabla, const QString& titulo, std::function<void(const Eleccion&)> alElegir,
-                       AlGuardar alDarDeAlta);
-
-    // Campos de fecha con máscara "99/99/9999" y su globo de ayuda: al entrar en uno se enseña
-    // bajo él y se selecciona su texto; al salir se oculta.
-    void prepararFechas(const QList<QLineEdit*>& campos);
-    void mostrarAyuda(int mostrar);
-    // Fecha de un campo con máscara tal como se guarda: ISO, o nula si el campo está vacío.
-    static QVariant fechaGuardable(const QLineEdit* msk);
-    // Fecha guardada (ISO) como se escribe en el campo con máscara; vacía si es nula.
-    static QString fechaEnCampo(const QString& iso);
 
     // El par del proyecto (nulos si el impreso no tiene proyecto).
     QLineEdit* txt_CodProyecto = nullptr;
@@ -97,8 +97,26 @@ protected:
     QToolBar* tlb_BotoneraImprimir = nullptr;
     QAction* m_botonImprimir = nullptr;
 
+    // Petición de un selector que devuelve un registro (nombre completo y código) a un par de la
+    // pantalla, elegido o dado de alta desde él; "recibido" corre tras escribirlo. buscarPar la abre.
+    PeticionSelector peticionPar(PeticionSelector peticion, QLineEdit* codigo, QLineEdit* nombre, std::function<void()> recibido = {});
+    void buscarPar(const PeticionSelector& peticion, QLineEdit* codigo, QLineEdit* nombre);
+    // ---- Campos de fecha con máscara y pestañas (A4, CSS, A5...)
+    // Máscara "99/99/9999" y globo de ayuda de la fecha: al entrar se enseña (mostrarAyuda(1)) y
+    // se selecciona el contenido; al salir se oculta.
+    void prepararFechas(const QList<QLineEdit*>& campos);
+    void mostrarAyuda(int mostrar);
+    // La fecha del campo, nula con la máscara vacía: ISO para el histórico y el proyecto,
+    // "dd/mm/aaaa" para la tabla temporal (lo que se imprime).
+    static QVariant fechaHistorico(const QLineEdit* campo);
+    static QVariant fechaTemporal(const QLineEdit* campo);
+    // Pone en el campo una fecha guardada (ISO o "dd/mm/aaaa"); nula o ilegible lo deja vacío.
+    static void ponerFecha(QLineEdit* campo, const QVariant& guardada);
+    // Trae al frente las pestañas que contienen el campo: avisar() lo hace antes de darle el foco.
+    static void mostrarPestana(QWidget* campo);
+
 private:
-    AyudaFecha* m_ayuda = nullptr;
     QString m_pantalla;
     const DefinicionImpreso* m_definicion = nullptr;
+    AyudaFecha* m_ayudaFecha = nullptr;
 };

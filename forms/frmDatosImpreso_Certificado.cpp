@@ -1,6 +1,7 @@
 #include "forms/frmDatosImpreso_Certificado.h"
 
 #include "core/BaseDatos.h"
+#include "core/Guardia.h"
 #include "core/Iconos.h"
 #include "core/Log.h"
 #include "core/Mensajes.h"
@@ -31,9 +32,13 @@ frmDatosImpreso_Certificado::~frmDatosImpreso_Certificado() = default;
 
 void frmDatosImpreso_Certificado::img_Buscar_Click()
 {
-    abrirSelector(QStringLiteral("ARQUITECTOS"), QStringLiteral("Buscar arquitecto"),
-                  [this](const Eleccion& e) { ponerArquitecto(e.codigo, e.nombreCompleto); },
-                  [this](const RegistroGuardado& r) { ponerArquitecto(r.codigo, r.nombre); });
+    guardia(QStringLiteral("frmDatosImpreso_Certificado"), QStringLiteral("img_Buscar_Click"), [&] {
+        abrirSelector({.tabla = QStringLiteral("ARQUITECTOS"),
+                       .titulo = QStringLiteral("Buscar arquitecto"),
+                       .claveRetorno = definicion().claveRetorno},
+                      [this](const Eleccion& e) { ponerArquitecto(e.codigo, e.nombreCompleto); },
+                      [this](const RegistroGuardado& r) { ponerArquitecto(r.codigo, r.nombre); });
+    });
 }
 
 void frmDatosImpreso_Certificado::img_Borrar_Click()
@@ -83,7 +88,7 @@ void frmDatosImpreso_Certificado::cargarCampos(const Consulta& c)
     const QVariant codigo = c.valor(QStringLiteral("CodArq"));
     if (codigo.isNull())
         return;
-    Consulta arq(BloquesImpreso::SQL_ARQUITECTO, {codigo});
+    Consulta arq(BloquesImpreso::SQL_OTROS_ARQUITECTO, {codigo});
     ui->txt_NomArq->setText(arq.siguiente() ? BloquesImpreso::nombreCompleto(arq) : QString());
 }
 
@@ -107,7 +112,7 @@ bool frmDatosImpreso_Certificado::validarPropios()
 
 void frmDatosImpreso_Certificado::escribirTemporal()
 {
-    Consulta arq(BloquesImpreso::SQL_ARQUITECTO, {ui->txt_CodArq->text().trimmed().toLongLong()});
+    Consulta arq(BloquesImpreso::SQL_OTROS_ARQUITECTO, {ui->txt_CodArq->text().trimmed().toLongLong()});
     if (!arq.siguiente()) {
         Mensajes::aviso(QStringLiteral("No se han podido cargar los datos del arquitecto emisor del certificado"));
         return;

@@ -78,7 +78,7 @@ Personas arquitectosDe(const QString& tabla, qint64 pryCod)
     while (c.siguiente()) {
         if (c.nulo(QStringLiteral("Codigo_Arq")))
             continue;
-        Consulta arq(BloquesImpreso::SQL_ARQUITECTO, {c.valor(QStringLiteral("Codigo_Arq"))});
+        Consulta arq(BloquesImpreso::SQL_OTROS_ARQUITECTO, {c.valor(QStringLiteral("Codigo_Arq"))});
         if (!arq.siguiente())
             continue;
         p.nombres << BloquesImpreso::nombreCompleto(arq);
@@ -120,7 +120,7 @@ void frmDatosImpreso_CertificadoFinObra::cargarCampos(const Consulta& c)
     ui->txt_Apa_LugarExpedicion->setText(c.texto(QStringLiteral("LUGAR1")));
     ui->txt_Arq_Demarcacion->setText(c.texto(QStringLiteral("ARQDEM")));
     ui->txt_Arq_LugarExpedicion->setText(c.texto(QStringLiteral("LUGAR2")));
-    ui->msk_FechaFinObra->setText(fechaEnCampo(c.texto(QStringLiteral("FFIN"))));
+    ponerFecha(ui->msk_FechaFinObra, c.valor(QStringLiteral("FFIN")));
     txt_Fecha->setText(c.texto(QStringLiteral("FECHA")));
 }
 
@@ -133,8 +133,8 @@ Campos frmDatosImpreso_CertificadoFinObra::camposHistorico() const
         {QStringLiteral("LUGAR1"), recortado(ui->txt_Apa_LugarExpedicion)},
         {QStringLiteral("ARQDEM"), recortado(ui->txt_Arq_Demarcacion)},
         {QStringLiteral("LUGAR2"), recortado(ui->txt_Arq_LugarExpedicion)},
-        {QStringLiteral("FFIN"), fechaGuardable(ui->msk_FechaFinObra)},
-        {QStringLiteral("FECHALICENCIA"), fechaGuardable(ui->msk_FechaLicenciaObras)},
+        {QStringLiteral("FFIN"), fechaHistorico(ui->msk_FechaFinObra)},
+        {QStringLiteral("FECHALICENCIA"), fechaHistorico(ui->msk_FechaLicenciaObras)},
         {QStringLiteral("FECHA"), recortado(txt_Fecha)},
     };
 }
@@ -143,7 +143,7 @@ Campos frmDatosImpreso_CertificadoFinObra::camposHistorico() const
 // de obra del proyecto, una sola vez (la que ya tenga no se toca).
 void frmDatosImpreso_CertificadoFinObra::escribirFilasHijas(qint64)
 {
-    const QVariant fin = fechaGuardable(ui->msk_FechaFinObra);
+    const QVariant fin = fechaHistorico(ui->msk_FechaFinObra);
     if (!fin.isNull())
         ejecutar(QStringLiteral("UPDATE Proyectos_A SET EXPFFO = ? WHERE PryCod = ? AND EXPFFO IS NULL"), {fin, codigoProyecto()});
 }
@@ -192,8 +192,8 @@ void frmDatosImpreso_CertificadoFinObra::escribirTemporal()
     fila.poner(QStringLiteral("LUGAR1"), lugarExpedicion(recortado(ui->txt_Apa_LugarExpedicion), fecha));
     fila.poner(QStringLiteral("ARQDEM"), recortado(ui->txt_Arq_Demarcacion));
     fila.poner(QStringLiteral("LUGAR2"), lugarExpedicion(recortado(ui->txt_Arq_LugarExpedicion), fecha));
-    fila.poner(QStringLiteral("FFIN"), fechaGuardable(ui->msk_FechaFinObra));
-    fila.poner(QStringLiteral("FECHALICENCIA"), fechaGuardable(ui->msk_FechaLicenciaObras));
+    fila.poner(QStringLiteral("FFIN"), fechaHistorico(ui->msk_FechaFinObra));
+    fila.poner(QStringLiteral("FECHALICENCIA"), fechaHistorico(ui->msk_FechaLicenciaObras));
     fila.poner(QStringLiteral("FECHA"), fecha);
     fila.insertarEn(definicion().tablaTemporal);
 }

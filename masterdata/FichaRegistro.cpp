@@ -149,6 +149,9 @@ void FichaRegistro::prepararProvincia(QComboBox* cbo, Provincias lista)
     }
     cbo->setCurrentIndex(-1);
     cbo->setEditText(QString());
+    // Cabe entera la provincia más larga ("Santa Cruz de Tenerife"), aunque la rejilla apriete.
+    cbo->setMinimumContentsLength(22);
+    cbo->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     // Texto libre sobre la lista, de 25 caracteres como mucho; al salir se corta.
     cbo->lineEdit()->setMaxLength(25);
     alSalir(cbo, [cbo] {

@@ -67,6 +67,16 @@ void anioEurosB3Codigo(FilaDetalle& f, const ArgumentosCodigo& a)
         f.ponerTexto(a.value(QStringLiteral("objeto3")), t.diferencia.toString());
 }
 
+// campos="USO1,SUP1" objeto="modulo1": el objeto no se imprime si todos los campos faltan o están
+// en blanco (el dato común de una línea que no tiene ninguno propio).
+void suprimirSinDatosCodigo(FilaDetalle& f, const ArgumentosCodigo& a)
+{
+    for (const QString& campo : lista(a, QStringLiteral("campos")))
+        if (!textoRecortado(f.valor(campo)).isEmpty())
+            return;
+    f.suprimir(a.value(QStringLiteral("objeto")));
+}
+
 const QHash<QString, CodigoDetalle>& registro()
 {
     static const QHash<QString, CodigoDetalle> r = {
@@ -76,6 +86,8 @@ const QHash<QString, CodigoDetalle>& registro()
         {QStringLiteral("suprimirCeros"), suprimirCerosCodigo},
         {QStringLiteral("arquitectosCFO"), arquitectosCFOCodigo},
         {QStringLiteral("anioEurosB3"), anioEurosB3Codigo},
+        // Impreso A3.
+        {QStringLiteral("suprimirSinDatos"), suprimirSinDatosCodigo},
     };
     return r;
 }

@@ -55,7 +55,7 @@ struct TextosB3 {
 TextosB3 textosB3(const QVariant& fecha, const QVariant& importe1, const QVariant& importe2);
 
 // Las funciones con nombre que citan los diseños: "unirTres", "unirDos", "copiarTexto",
-// "suprimirCeros", "arquitectosCFO", "anioEurosB3".
+// "suprimirCeros", "arquitectosCFO", "anioEurosB3", "suprimirSinDatos".
 CodigoDetalle buscar(const QString& nombre);
 QStringList nombres();
 

@@ -153,8 +153,10 @@ public:
         if (!m_d.pieInforme.vacia()) {
             if (m_y + m_d.pieInforme.alto > m_limite)
                 saltarPagina();
-            FilaDetalle vacia([](const QString&) { return QVariant(); });
-            colocar(m_d.pieInforme, vacia, m_x0, m_y);
+            // El pie del informe ve los campos de la última fila (los totales de una factura tras sus líneas).
+            const int ultima = enBlanco ? -1 : n - 1;
+            FilaDetalle fd([this, ultima](const QString& c) { return m_filas.valor(ultima, c); });
+            colocar(m_d.pieInforme, fd, m_x0, m_y);
             m_y += m_d.pieInforme.alto;
         }
         cerrarPagina();

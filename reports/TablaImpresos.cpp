@@ -104,6 +104,8 @@ QList<DefinicionImpreso> construir()
     {
         VarianteImpreso b1 = sencilla("B1", "B1", "", "crImpresoB1", "Factura de honorarios profesionales", "mnu_B1", 9);
         b1.subinformes = {QStringLiteral("Detalle_Factura_Honorarios")};
+        // Las líneas de la factura que se imprime, no las de todas: Id_Factura de B1B3B4.
+        b1.enlace = QStringLiteral("Id_Factura");
         // Rama a la que el menú nunca llega: tras su "ALTA" no se abre ninguna lista, y su informe lee
         // la tabla de los certificados B4, no la de la factura.
         VarianteImpreso b4{.tipoImpreso = QStringLiteral("B4"),
@@ -275,7 +277,7 @@ OrigenInforme origenInforme(const QString& codigo)
     for (const DefinicionImpreso& d : todas())
         for (const VarianteImpreso& v : d.variantes)
             if (v.codigo == codigo)
-                return {v.tablaInforme.isEmpty() ? d.tablaTemporal : v.tablaInforme, v.subinformes};
+                return {v.tablaInforme.isEmpty() ? d.tablaTemporal : v.tablaInforme, v.subinformes, v.enlace};
     return {};
 }
 

@@ -21,6 +21,7 @@ struct VarianteImpreso {
     QString tituloBlanco{};       // título del visor del impreso en blanco
     QString tablaInforme{};       // filas del informe, si no son las de la tabla temporal
     QStringList subinformes{};    // tablas de Subreport1, Subreport2...
+    QString enlace{};             // columna que ata las filas de los subinformes a las del informe
 };
 
 struct DefinicionImpreso {
@@ -50,6 +51,7 @@ const VarianteImpreso* porEntradaMenu(const QString& entradaMenu, const Definici
 struct OrigenInforme {
     QString tabla;
     QStringList subinformes;
+    QString enlace;  // con él, cada subinforme sólo da las filas de las del informe
 };
 OrigenInforme origenInforme(const QString& codigo);
 

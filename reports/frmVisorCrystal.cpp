@@ -3,16 +3,15 @@
 #include "core/CicloPantalla.h"
 #include "core/Guardia.h"
 #include "core/Sistema.h"
+#include "reports/MotorInforme.h"
+#include "reports/VisorPaginas.h"
 #include "reports/modInformes.h"
 #include "ui_frmVisorCrystal.h"
 
 #include <QApplication>
 #include <QDir>
 #include <QFileDialog>
-#include <QGraphicsView>
-#include <QScrollBar>
 #include <QPrintDialog>
-#include <QPrintPreviewWidget>
 #include <QPrinter>
 #include <QRegularExpression>
 #include <QStyle>
@@ -34,32 +33,34 @@ frmVisorCrystal::frmVisorCrystal(QWidget* padre) : Pantalla(padre), ui(std::make
     for (QToolButton* b : {ui->cmd_Primera, ui->cmd_Anterior, ui->cmd_Siguiente, ui->cmd_Ultima})
         b->setToolButtonStyle(Qt::ToolButtonIconOnly);
 
-    // Form_Load: el visor se enlaza al informe en curso.
+    // Form_Load: el visor se enlaza al informe en curso. Las páginas se componen aquí (es rápido)
+    // y se dibujan cuando se ven: la primera sale en seguida aunque el listado tenga cientos.
     std::optional<CursorEspera> espera(std::in_place);
-    m_impresora = std::make_unique<QPrinter>(QPrinter::HighResolution);
-    if (modInformes::Informe)
-        m_impresora->setPageLayout(modInformes::Informe->disenoPagina());
-    m_impresora->setFullPage(true);
-    CRViewer91 = new QPrintPreviewWidget(m_impresora.get(), this);
+    CRViewer91 = new VisorPaginas(this);
     CRViewer91->setObjectName(QStringLiteral("CRViewer91"));
     ui->lay_Visor->addWidget(CRViewer91);
-    connect(CRViewer91, &QPrintPreviewWidget::paintRequested, this, [](QPrinter* impresora) {
-        guardia(QStringLiteral("frmVisorCrystal"), QStringLiteral("Form_Load"), [&] {
-            if (modInformes::Informe)
-                modInformes::Informe->imprimir(impresora);
-        });
+    connect(CRViewer91, &VisorPaginas::paginaCambiada, this, &frmVisorCrystal::actualizarPagina);
+    guardia(QStringLiteral("frmVisorCrystal"), QStringLiteral("Form_Load"), [&] {
+        if (!modInformes::Informe)
+            return;
+        DocumentoInforme* informe = modInformes::Informe.get();
+        CRViewer91->ponerOrigen({.numeroPaginas = [informe] { return informe->numeroPaginas(); },
+                                 .tamanoMm = informe->disenoPagina().fullRect(QPageLayout::Millimeter).size(),
+                                 .pintar = [this](QPainter& p, int indice, double escala) {
+                                     // Un fallo al dibujar una página se anota una vez y deja la página en blanco.
+                                     if (m_fallo)
+                                         return;
+                                     m_fallo = !guardia(QStringLiteral("frmVisorCrystal"), QStringLiteral("Form_Load"), [&] {
+                                         if (modInformes::Informe)
+                                             modInformes::Informe->pintarPagina(p, indice, escala);
+                                     });
+                                 }});
     });
-    connect(CRViewer91, &QPrintPreviewWidget::previewChanged, this, &frmVisorCrystal::actualizarPagina);
-    CRViewer91->setZoomMode(QPrintPreviewWidget::FitToWidth);
-    // Al desplazarse con la barra cambia la página actual: se repite en la etiqueta.
-    if (auto* vista = CRViewer91->findChild<QGraphicsView*>())
-        connect(vista->verticalScrollBar(), &QScrollBar::valueChanged, this, &frmVisorCrystal::actualizarPagina);
-    CRViewer91->updatePreview();
     espera.reset();
 
-    connect(ui->cmd_Acercar, &QToolButton::clicked, CRViewer91, [this] { CRViewer91->zoomIn(); });
-    connect(ui->cmd_Alejar, &QToolButton::clicked, CRViewer91, [this] { CRViewer91->zoomOut(); });
-    connect(ui->cmd_AjustarAncho, &QToolButton::clicked, CRViewer91, &QPrintPreviewWidget::fitToWidth);
+    connect(ui->cmd_Acercar, &QToolButton::clicked, CRViewer91, &VisorPaginas::acercar);
+    connect(ui->cmd_Alejar, &QToolButton::clicked, CRViewer91, &VisorPaginas::alejar);
+    connect(ui->cmd_AjustarAncho, &QToolButton::clicked, CRViewer91, &VisorPaginas::ajustarAncho);
     connect(ui->cmd_Primera, &QToolButton::clicked, this, [this] { irAPagina(1); });
     connect(ui->cmd_Anterior, &QToolButton::clicked, this, [this] { irAPagina(paginaActual() - 1); });
     connect(ui->cmd_Siguiente, &QToolButton::clicked, this, [this] { irAPagina(paginaActual() + 1); });
@@ -80,16 +81,13 @@ frmVisorCrystal* frmVisorCrystal::mostrarInforme(const QString& titulo)
     return v;
 }
 
-int frmVisorCrystal::paginaActual() const { return CRViewer91->currentPage(); }
+int frmVisorCrystal::paginaActual() const { return CRViewer91->paginaActual(); }
 
-int frmVisorCrystal::numeroPaginas() const { return CRViewer91->pageCount(); }
+int frmVisorCrystal::numeroPaginas() const { return CRViewer91->numeroPaginas(); }
 
 void frmVisorCrystal::irAPagina(int pagina)
 {
-    const int n = numeroPaginas();
-    if (n <= 0)
-        return;
-    CRViewer91->setCurrentPage(std::clamp(pagina, 1, n));
+    CRViewer91->irAPagina(pagina);
     actualizarPagina();
 }
 

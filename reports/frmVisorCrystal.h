@@ -3,8 +3,7 @@
 
 #include <memory>
 
-class QPrinter;
-class QPrintPreviewWidget;
+class VisorPaginas;
 namespace Ui { class frmVisorCrystal; }
 
 // La vista preliminar de todos los informes: enseña modInformes::Informe, imprime y guarda PDF.
@@ -18,7 +17,7 @@ public:
     // Crea el visor del informe en curso, le pone el título y lo enseña en la ventana principal.
     static frmVisorCrystal* mostrarInforme(const QString& titulo);
 
-    QPrintPreviewWidget* visor() const { return CRViewer91; }
+    VisorPaginas* visor() const { return CRViewer91; }
     int paginaActual() const;
     int numeroPaginas() const;
     void irAPagina(int pagina);
@@ -35,6 +34,6 @@ private slots:
 
 private:
     std::unique_ptr<Ui::frmVisorCrystal> ui;
-    std::unique_ptr<QPrinter> m_impresora;
-    QPrintPreviewWidget* CRViewer91 = nullptr;
+    VisorPaginas* CRViewer91 = nullptr;
+    bool m_fallo = false;
 };

@@ -1,6 +1,7 @@
 #include "reports/modExcel.h"
 
 #include "core/BaseDatos.h"
+#include "core/Documentos.h"
 #include "core/Guardia.h"
 #include "core/Mensajes.h"
 #include "core/Rutas.h"
@@ -553,9 +554,9 @@ int escribirExcel(const QString& fichero, const QString& tabla, const modInforme
 
         // Se abre para el usuario, que es quien lo cierra.
         const int r = Sistema::abrirDocumento(fichero);
+        // El listado ya está escrito: sin programa que lo abra se dice dónde está, no que falta.
         if (r == 31)
-            Mensajes::aviso(QStringLiteral("No tiene instalado en su equipo Microsoft Excel, por lo que no se ha podido") + QStringLiteral("\n")
-                            + QStringLiteral("crear el listado solicitado. Por favor, antes de generar de nuevo el listado instale Microsoft Excel"));
+            avisarSinProgramaQueLoAbra(fichero, QStringLiteral("el listado"), QStringLiteral("modExcel"), QStringLiteral("escribirExcel"));
         else if (r <= 32)
             lanzarError(r, QStringLiteral("No se ha podido abrir el documento ") + QDir::toNativeSeparators(fichero));
     });

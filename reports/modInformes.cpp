@@ -216,9 +216,12 @@ QString sentenciaImpreso(const QString& codigo)
 
 QStringList subinformesImpreso(const QString& codigo)
 {
+    const TablaImpresos::OrigenInforme o = TablaImpresos::origenInforme(codigo);
     QStringList l;
-    for (const QString& tabla : TablaImpresos::origenInforme(codigo).subinformes)
-        l << QStringLiteral("SELECT * FROM ") + tabla;
+    for (const QString& tabla : o.subinformes)
+        l << QStringLiteral("SELECT * FROM ") + tabla
+                 + (o.enlace.isEmpty() ? QString()
+                                       : QStringLiteral(" WHERE %1 IN (SELECT %1 FROM %2)").arg(o.enlace, o.tabla));
     return l;
 }
 

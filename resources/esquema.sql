@@ -1165,4 +1165,8 @@ INSERT INTO PROVINCIAS_MIRVADE (descripción) VALUES
     ('Valladolid'),
     ('Zamora');
 
+-- Facturas y certificados de retenciones: el certificado "ajeno" suma todas las facturas de un
+-- arquitecto a un cliente; con los importes en el índice no se lee ninguna fila de la tabla.
+CREATE INDEX idx_datosB1B3B4_Certificado ON datosB1B3B4 (ARQCOD, PRYCOD, IMPORTE, IRPF);
+
 COMMIT;

@@ -2,6 +2,7 @@
 
 #include "core/modFunciones.h"
 #include "core/CicloPantalla.h"
+#include "core/Documentos.h"
 #include "core/Fichas.h"
 #include "reports/frmVisorCrystal.h"
 #include "reports/modExcel.h"
@@ -139,9 +140,7 @@ void ofrecerAbrirPDF(const QString& fichero, const QString& formulario, const QS
     if (resultado > 32)
         return;
     if (resultado == 31) {
-        Mensajes::aviso(QStringLiteral("No se ha podido mostrar el documento. Por favor, asegúrese de que tiene instalado un visor de documentos PDF (por ejemplo, 'Adobe Reader')"));
-        escribirLog(ErrorPrograma(31, QString()), QStringLiteral("[Error 31]: No se tiene instalado un visor de documentos PDF"),
-                    formulario, procedimiento, 0, Mostrar::No);
+        avisarSinProgramaQueLoAbra(fichero, QStringLiteral("el documento"), formulario, procedimiento);
     } else if (resultado == 2) {
         Mensajes::aviso(QStringLiteral("Documento PDF no encontrado. Ha podido existir un error durante su generación") + SALTO
                         + QStringLiteral("Por favor, genere otra vez el documento e inténtelo de nuevo"));

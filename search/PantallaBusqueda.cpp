@@ -20,6 +20,7 @@
 #include <QPushButton>
 #include <QStatusBar>
 #include <QToolBar>
+#include <QToolButton>
 #include <QTreeView>
 #include <sqlite3.h>
 
@@ -150,6 +151,15 @@ void PantallaBusqueda::enlazarControles()
         connect(a, &QAction::triggered, this, [this, i] { tlb_BotoneraExportar_ButtonClick(i + 1); });
         m_exportar << a;
     }
+    // El impreso en blanco lleva su texto: un icono gris solo no dice qué hace.
+    m_exportar[3]->setText(QString::fromUtf8(consejos[3]));
+    if (auto* b = qobject_cast<QToolButton*>(tlb_BotoneraExportar->widgetForAction(m_exportar[3])))
+        b->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+    // Las botoneras no ceden ancho a la caja de búsqueda: ningún botón acaba tras "»".
+    for (QToolBar* t : {tlb_BotoneraBuscar, tlb_BotoneraExportar}) {
+        t->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+        t->setMinimumWidth(t->sizeHint().width());
+    }
 
     m_panel1 = new QLabel(sta_1);
     m_panel1->setObjectName(QStringLiteral("sta_1_Panel1"));
@@ -256,9 +266,7 @@ void PantallaBusqueda::crearEncabezadosLista()
         }
     m_modelo->setTitulos(titulos);
     m_modelo->setCasillas(llevaCasillas(Tabla, ClaveRetorno));
-    if (m_descripcion)
-        for (int i = 0; i < m_descripcion->columnas.size(); ++i)
-            lvw_Resultados->setColumnWidth(i, m_descripcion->columnas.at(i).twips / 15);
+    ajustarColumnas();
     // Tamaño de la pantalla: la lista entera a la vista, sin salirse de la principal.
     int w = qMax(760, ancho + 40);
     int h = 540;
@@ -267,6 +275,23 @@ void PantallaBusqueda::crearEncabezadosLista()
         h = qMin(h, area->viewport()->height() - 40);
     }
     m_tamano = QSize(qMax(w, 600), qMax(h, 360));
+}
+
+// Cada columna, al menos de su ancho de diseño y nunca más estrecha que su título o que lo que
+// hay en las primeras filas: ni "Colegiad" ni "2024-…". Un texto muy largo no se lleva la lista.
+void PantallaBusqueda::ajustarColumnas()
+{
+    if (!m_descripcion)
+        return;
+    constexpr int ANCHO_MAXIMO = 420;
+    QHeaderView* cabecera = lvw_Resultados->header();
+    cabecera->setResizeContentsPrecision(300);
+    for (int i = 0; i < m_descripcion->columnas.size(); ++i) {
+        const int diseno = m_descripcion->columnas.at(i).twips / 15;
+        const int titulo = cabecera->sectionSizeHint(i);
+        const int contenido = m_modelo->rowCount() > 0 ? static_cast<QAbstractItemView*>(lvw_Resultados)->sizeHintForColumn(i) : 0;
+        lvw_Resultados->setColumnWidth(i, std::max(diseno, std::min(ANCHO_MAXIMO, std::max(titulo, contenido))));
+    }
 }
 
 QSize PantallaBusqueda::sizeHint() const { return m_tamano; }
@@ -284,6 +309,7 @@ void PantallaBusqueda::tlb_BotoneraBuscar_Click()
         m_modelo->vaciar();
         obtenerDatos();
         const int filas = m_modelo->rowCount();
+        ajustarColumnas();
         establecerEstado(QStringLiteral("Número de registros hallados: ") + QString::number(filas));
         habilitarOperaciones(filas > 0);
         // Tras una búsqueda vacía la exportación queda apagada hasta que se abra de nuevo.

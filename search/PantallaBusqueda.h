@@ -58,6 +58,7 @@ protected:
     virtual void habilitarOperaciones(bool habilitar) = 0;
 
     void cargarCamposBusqueda();
+    void ajustarColumnas();
     void crearEncabezadosLista();
     void obtenerDatos();
     void establecerEstado(const QString& texto);

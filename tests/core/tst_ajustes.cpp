@@ -62,6 +62,19 @@ private slots:
         QCOMPARE(leerAjuste(QStringLiteral("opciones"), QStringLiteral("COPIA")), QStringLiteral("1"));
     }
 
+    // La ruta de la base relativa cuenta desde el programa (la carpeta se puede mover); la absoluta
+    // del asistente sirve tal cual.
+    void ini_rutaDeLaBase()
+    {
+        EntornoPrueba e;
+        e.escribirIni(QStringLiteral("[BD]\r\nruta=datos/\r\n"));
+        QCOMPARE(leerRutaBD(), QDir::toNativeSeparators(e.directorio() + QStringLiteral("/datos/")));
+        e.escribirIni(QStringLiteral("[BD]\r\nruta=/srv/estudio/\r\n"));
+        QCOMPARE(leerRutaBD(), QDir::toNativeSeparators(QStringLiteral("/srv/estudio/")));
+        e.escribirIni(QStringLiteral("[BD]\r\nruta=\r\n"));
+        QCOMPARE(leerRutaBD(), QString());
+    }
+
     void log_formatoDeLaEntrada()
     {
         EntornoPrueba e;

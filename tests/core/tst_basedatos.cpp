@@ -37,7 +37,11 @@ private slots:
         QTest::addColumn<bool>("casa");
         QTest::newRow("acentos") << QStringLiteral("%jose%") << QStringLiteral("JOSÉ MARÍA") << true;
         QTest::newRow("mayúsculas") << QStringLiteral("ga%") << QStringLiteral("García") << true;
-        QTest::newRow("eñe propia") << QStringLiteral("%nun%") << QStringLiteral("Nuñez") << false;
+        QTest::newRow("eñe sin tilde") << QStringLiteral("%nunez%") << QStringLiteral("Núñez O'Brien") << true;
+        QTest::newRow("eñe en mayúsculas") << QStringLiteral("%NUÑEZ%") << QStringLiteral("Núñez") << true;
+        QTest::newRow("eñe buscada sin tilde") << QStringLiteral("munoz%") << QStringLiteral("MUÑOZ") << true;
+        QTest::newRow("lo que deja el filtro") << QStringLiteral("%nez%") << QStringLiteral("Núñez") << true;
+        QTest::newRow("otra letra") << QStringLiteral("%nunez%") << QStringLiteral("Nuno") << false;
         QTest::newRow("comodín uno") << QStringLiteral("_ar%") << QStringLiteral("María") << true;
         QTest::newRow("comilla") << QStringLiteral("%o'd%") << QStringLiteral("O'Donnell") << true;
         QTest::newRow("sin casar") << QStringLiteral("%xyz%") << QStringLiteral("abc") << false;

@@ -1,3 +1,4 @@
+#include "core/AyudaFecha.h"
 #include "core/Documentos.h"
 #include "core/Fechas.h"
 #include "core/Filtros.h"
@@ -168,6 +169,29 @@ private slots:
         QApplication::clipboard()->setText(QStringLiteral("2-3 4"));
         QTest::keyClick(&nif, Qt::Key_V, Qt::ControlModifier);
         QCOMPARE(nif.text(), QStringLiteral("X-1234"));
+    }
+
+    // El globo sale al entrar en la fecha y se va al teclear o al salir: no tapa lo de debajo.
+    void globoDeLaFecha()
+    {
+        QWidget ventana;
+        auto* fecha = new QLineEdit(&ventana);
+        auto* globo = new AyudaFecha(&ventana);
+        globo->vigilar(fecha);
+        ventana.show();
+        QFocusEvent entra(QEvent::FocusIn);
+        QApplication::sendEvent(fecha, &entra);
+        QVERIFY(globo->isVisible());
+        teclear(fecha, QLatin1Char('1'));
+        QVERIFY(!globo->isVisible());
+        QApplication::sendEvent(fecha, &entra);
+        QVERIFY(globo->isVisible());
+        QKeyEvent mayusculas(QEvent::KeyPress, Qt::Key_Shift, Qt::ShiftModifier);
+        QApplication::sendEvent(fecha, &mayusculas);
+        QVERIFY(globo->isVisible());  // una tecla sin texto no lo quita
+        QFocusEvent sale(QEvent::FocusOut);
+        QApplication::sendEvent(fecha, &sale);
+        QVERIFY(!globo->isVisible());
     }
 
     void getListIndex_data()

@@ -242,7 +242,7 @@ private slots:
         }
     }
 
-    // Sin programa para abrirlo (31): el aviso de siempre; el fichero ya está completo.
+    // Sin programa para abrirlo (31): el fichero está completo y el aviso dice dónde, no que no se hizo.
     void sinHojaDeCalculo()
     {
         insertarPersona("CLIENTES", {"", 0, "Ana"});
@@ -250,8 +250,11 @@ private slots:
         const QString destino = copia(P_CLIENTES, "Sin.xlsx");
         QCOMPARE(escribirExcel(destino, "CLIENTES"), 1);
         QCOMPARE(m_cuadros.size(), 1);
-        QCOMPARE(m_cuadros[0].texto, "No tiene instalado en su equipo Microsoft Excel, por lo que no se ha podido\n"
-                                     "crear el listado solicitado. Por favor, antes de generar de nuevo el listado instale Microsoft Excel");
+        const QString texto = m_cuadros[0].texto;
+        QVERIFY2(texto.startsWith("No se ha encontrado en su equipo ningún programa que abra los ficheros de tipo '*.xlsx', por lo que no "
+                                  "se ha podido mostrar el listado."), qPrintable(texto));
+        QVERIFY(texto.contains("El fichero está en:\n" + QDir::toNativeSeparators(QFileInfo(destino).absoluteFilePath()) + "\n"));
+        QVERIFY(!texto.contains("no se ha podido\ncrear"));
         QCOMPARE(columnaA(destino), QStringList{"Ana"});
     }
 

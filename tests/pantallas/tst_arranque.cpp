@@ -390,6 +390,12 @@ private slots:
         QVERIFY(e.abiertos.value(0).endsWith(QStringLiteral("index.html")));
         QCOMPARE(e.textos(), QStringList{QStringLiteral("No se ha podido mostrar la ayuda. Por favor, inténtelo de nuevo")});
         e.limpiarCuadros();
+        // La ayuda está, pero ningún programa abre las páginas: se dice dónde está.
+        e.resultadoAbrir = 31;
+        menu->mnu_Indice_Click();
+        QVERIFY(e.textos().value(0).contains(QDir::toNativeSeparators(QFileInfo(e.abiertos.last()).absoluteFilePath())));
+        QVERIFY(e.textos().value(0).contains(QStringLiteral("'*.html'")));
+        e.limpiarCuadros();
         e.resultadoAbrir = 42;
         menu->mnu_ListaChequeo_Click(3);
         QVERIFY(e.abiertos.last().endsWith(QStringLiteral("LC_DireccionObra.pdf")));

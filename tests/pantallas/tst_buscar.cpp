@@ -13,7 +13,9 @@
 #include "tests/pantallas/PruebaPantallas.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QComboBox>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMdiArea>
@@ -235,6 +237,38 @@ private slots:
         QCOMPARE(columna(f, 1), QStringLiteral("Nuño|Nuno|Murcia|Muñoz|Benítez|Álvarez"));
         f->lvw_Resultados_ColumnClick(2);
         QCOMPARE(columna(f, 1), espanol);
+    }
+
+    // La "ñ" se busca como una "n" (también lo que deja el filtro de teclas de "núñez"); el orden no cambia.
+    void eneSinTilde()
+    {
+        Entorno e(false);
+        {
+            UsoConexion uso;
+            int i = 0;
+            for (const char* a : {"Núñez O'Brien", "Murcia", "Nuno", "Muñoz"})
+                ejecutar(QStringLiteral("INSERT INTO Clientes (Codigo_Cli, Nombre_Cli, Ape_Cli, NIF) VALUES (?, ?, ?, ?)"),
+                         {++i, QStringLiteral("N%1").arg(i), QString::fromUtf8(a), QStringLiteral("%1").arg(10 - i)});
+        }
+        frmBuscar* f = abrir(QStringLiteral("CLIENTES"));
+        QCOMPARE(columna(f, 1), QStringLiteral("Muñoz|Murcia|Nuno|Núñez O'Brien"));
+        for (const auto& [valor, hallados] : {std::pair{"nunez", "Núñez O'Brien"}, std::pair{"NUÑEZ", "Núñez O'Brien"},
+                                               std::pair{"munoz", "Muñoz"}, std::pair{"mu", "Muñoz|Murcia"}}) {
+            buscar(f, 2, QString::fromUtf8(valor));
+            QCOMPARE(columna(f, 1), QString::fromUtf8(hallados));
+        }
+        auto* valor = control<QLineEdit>(f, "msk_ValorBusqueda");
+        control<QComboBox>(f, "cbo_CampoBusqueda")->setCurrentIndex(2);
+        valor->clear();
+        // Como lo teclea alguien: el filtro de teclas de la caja quita lo que no admite.
+        for (const QChar c : QStringLiteral("núñez")) {
+            QKeyEvent pulsada(QEvent::KeyPress, c.isLetter() && c.unicode() < 128 ? Qt::Key_A + (c.unicode() - 'a') : 0, Qt::NoModifier, QString(c));
+            QApplication::sendEvent(valor, &pulsada);
+        }
+        QCOMPARE(valor->text(), QStringLiteral("nez"));
+        f->tlb_BotoneraBuscar_Click();
+        QCOMPARE(columna(f, 1), QStringLiteral("Núñez O'Brien"));
+        QVERIFY(e.textos().isEmpty());
     }
 
     void claveDeOrden()

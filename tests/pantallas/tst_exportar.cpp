@@ -3,6 +3,7 @@
 #include "core/modFunciones.h"
 #include "masterdata/frmConfiguracion.h"
 #include "reports/frmVisorCrystal.h"
+#include "reports/VisorPaginas.h"
 #include "search/AbrirBusqueda.h"
 #include "search/ExportarListados.h"
 #include "search/frmBuscar.h"
@@ -11,6 +12,7 @@
 #include "tests/pantallas/PruebaPantallas.h"
 
 #include <QComboBox>
+#include <QLabel>
 #include <QLineEdit>
 #include <QProcess>
 #include <QRadioButton>
@@ -117,9 +119,12 @@ private slots:
         QTest::addColumn<QString>("aviso");
         QTest::addColumn<QString>("comentario");
         QTest::newRow("abierto") << 42 << QString() << QString();
+        // Sin visor el documento está hecho: el aviso dice dónde (%1), no que falló.
         QTest::newRow("sin visor") << 31
-                                   << QStringLiteral("No se ha podido mostrar el documento. Por favor, asegúrese de que tiene instalado un visor de documentos PDF (por ejemplo, 'Adobe Reader')")
-                                   << QStringLiteral("Comentario: [Error 31]: No se tiene instalado un visor de documentos PDF");
+                                   << QStringLiteral("No se ha encontrado en su equipo ningún programa que abra los ficheros de tipo '*.pdf', por lo "
+                                                     "que no se ha podido mostrar el documento.\n\nEl fichero está en:\n%1\n\nPuede abrirlo desde "
+                                                     "esa carpeta, o copiarlo a un ordenador que tenga un programa para ese tipo de ficheros.")
+                                   << QStringLiteral("Comentario: [Error 31]: Ningún programa del equipo abre los ficheros de tipo '*.pdf'; el fichero está en %1");
         QTest::newRow("no encontrado") << 2
                                        << QStringLiteral("Documento PDF no encontrado. Ha podido existir un error durante su generación\n"
                                                          "Por favor, genere otra vez el documento e inténtelo de nuevo")
@@ -151,8 +156,10 @@ private slots:
             QCOMPARE(e.entradasLog(), 0);
         } else {
             QCOMPARE(e.cuadros.size(), 2);
-            QCOMPARE(e.cuadros[1].texto, aviso);
-            QVERIFY(e.leerLog().contains(comentario));
+            const QString nativo = QDir::toNativeSeparators(QFileInfo(fichero).absoluteFilePath());
+            QCOMPARE(e.cuadros[1].texto, aviso.contains(QLatin1String("%1")) ? aviso.arg(nativo) : aviso);
+            QVERIFY(e.leerLog().contains(comentario.contains(QLatin1String("%1")) ? comentario.arg(nativo) : comentario));
+            QVERIFY(textoPdf(fichero).contains(QStringLiteral("Muñoz Peña")));
             QVERIFY(e.leerLog().contains(QStringLiteral("Procedimiento: exportarListadoPDF")));
         }
     }
@@ -235,6 +242,36 @@ private slots:
         QCOMPARE(m_estados.last(), QStringLiteral("Número de registros hallados: 7"));
         procesarEventos();
         QVERIFY(!Pantallas::cargada<frmFiltrarProyectos>());
+    }
+
+    // Un listado largo: la vista previa dibuja sólo lo que se ve, cuenta todas las páginas, va a la
+    // última, y el PDF las da todas.
+    void vistaPreviaDeUnListadoLargo()
+    {
+        EntornoPrueba e;
+        e.conectar();
+        {
+            UsoConexion uso;
+            for (int i = 1; i <= 400; ++i)
+                ejecutar(QStringLiteral("INSERT INTO Clientes (Codigo_Cli, Nombre_Cli, Ape_Cli) VALUES (?, ?, ?)"),
+                         {i, QStringLiteral("Cliente %1").arg(i), QStringLiteral("Núñez")});
+        }
+        Exportar::pulsarBotonExportar(llamador(), QStringLiteral("CLIENTES"), 1);
+        auto* visor = Pantallas::cargada<frmVisorCrystal>();
+        QVERIFY(visor);
+        VisorPaginas* paginas = visor->visor();
+        paginas->resize(900, 700);
+        paginas->viewport()->grab();
+        const int n = visor->numeroPaginas();
+        QVERIFY(n > 5);
+        QVERIFY2(paginas->paginasDibujadas() <= 2, qPrintable(QString::number(paginas->paginasDibujadas())));
+        visor->irAPagina(n);
+        QCOMPARE(visor->paginaActual(), n);
+        QVERIFY(visor->findChild<QLabel*>(QStringLiteral("lbl_Pagina"))->text() == QStringLiteral("Página %1 de %1").arg(n));
+        const QString pdf = e.directorio() + QStringLiteral("/largo.pdf");
+        QVERIFY(visor->guardarPDF(pdf));
+        QCOMPARE(int(textoPdf(pdf).count(QLatin1Char('\f'))), n);
+        QVERIFY(e.cuadros.isEmpty());
     }
 
     // El cuarto botón de la lista de un impreso: el informe sobre su tabla temporal vacía.

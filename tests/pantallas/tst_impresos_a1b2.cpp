@@ -13,6 +13,7 @@
 
 #include <QAction>
 #include <QLineEdit>
+#include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QRadioButton>
 #include <QSqlRecord>
@@ -262,6 +263,10 @@ private slots:
         auto* lista = Pantallas::cargada<frmBuscar>();
         QVERIFY(lista);
         QCOMPARE(lista->Tabla + lista->TipoImpreso, "DATOSA1B2A1");
+        // La lista se abre detrás: delante queda la vista previa recién hecha.
+        procesarEventos();
+        QVERIFY(Pantallas::areaPrincipal()->activeSubWindow());
+        QCOMPARE(Pantallas::areaPrincipal()->activeSubWindow()->widget(), Pantallas::cargada<frmVisorCrystal>());
         QVERIFY(!BaseDatos::estaAbierta() && !transaccionEnCurso);
         const auto h = filas("SELECT * FROM datosA1B2");
         QCOMPARE(h.size(), 1);

@@ -13,7 +13,14 @@
 #include "search/frmSeleccionarTipoPerceptor.h"
 #include "search/ModeloResultados.h"
 #include "forms/DatosImpreso.h"
+#include "reports/TablaImpresos.h"
 #include "search/frmBuscar.h"
+#include "search/AbrirBusqueda.h"
+#include "masterdata/frmValidarNIFCIF.h"
+
+#include <QMdiArea>
+#include <QMdiSubWindow>
+#include <QMenu>
 #include "tests/comun/EntornoPrueba.h"
 #include "tests/pantallas/PruebaPantallas.h"
 
@@ -21,6 +28,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QToolButton>
 #include <QTreeWidget>
 #include <QtTest>
 
@@ -50,6 +58,12 @@ void escribir(QWidget* w, const char* control, const QString& texto)
     auto* c = w->findChild<QLineEdit*>(QString::fromLatin1(control));
     QVERIFY2(c, control);
     c->setText(texto);
+}
+
+QWidget* delante()
+{
+    QMdiSubWindow* sub = Pantallas::areaPrincipal()->activeSubWindow();
+    return sub ? sub->widget() : nullptr;
 }
 
 QString texto(QWidget* w, const char* control) { return w->findChild<QLineEdit*>(QString::fromLatin1(control))->text(); }
@@ -276,7 +290,7 @@ private slots:
                                                     << QStringList{"txt_NumColegiado=88", "txt_Nombre=Taller SLP", "txt_Municipio=León"}
                                                     << QStringList{"txt_CodSoc", "txt_Sociedad", "txt_NumRegistro", "txt_Municipio"}
                                                     << QStringList{"", "Taller SLP", "88", "León"};
-        for (const char* impreso : {"A1", "B2"}) {
+        for (const char* impreso : {"A1", "B2", /* nombramientos, hoja urbanística y comunicado: */ "A4", "CSS", "A5", "CDC"}) {
             QTest::newRow(qPrintable(QStringLiteral("proyecto del %1").arg(QLatin1String(impreso))))
                 << QStringLiteral("impreso %1").arg(QLatin1String(impreso)) << -1 << "elegir 7" << QStringList{}
                 << QStringList{"txt_CodProyecto", "txt_Proyecto"} << QStringList{"7", "Nave agrícola"};
@@ -284,6 +298,26 @@ private slots:
                 << QStringLiteral("impreso %1").arg(QLatin1String(impreso)) << -1 << "nuevo" << QStringList{"txt_Trabajo=Almacén"}
                 << QStringList{"txt_CodProyecto", "txt_Proyecto"} << QStringList{"8", "Almacén"};
         }
+        // Facturas y certificados de retenciones: sus botones de búsqueda por índice.
+        const QStringList emisor{"txt_CodEmisor", "txt_Emisor"}, perceptor{"txt_CodPerceptor", "txt_Perceptor"},
+            pagador{"txt_CodPagador", "txt_Pagador"};
+        QTest::newRow("proyecto de la factura") << "impreso B1" << 0 << "elegir 7" << QStringList{}
+                                                << QStringList{"txt_CodProyecto", "txt_Proyecto"} << QStringList{"7", "Nave agrícola"};
+        QTest::newRow("emisor de la factura") << "impreso B1" << 1 << "elegir 1" << QStringList{} << emisor << QStringList{"1", "Ana Ruiz"};
+        QTest::newRow("emisor nuevo de la factura") << "impreso B1" << 1 << "nuevo" << arquitecto << emisor << QStringList{"6", "Marta Vidal"};
+        QTest::newRow("perceptor del certificado ajeno") << "impreso B4_A" << 0 << "elegir 1" << QStringList{} << perceptor
+                                                         << QStringList{"1", "Ana Ruiz"};
+        QTest::newRow("perceptor nuevo del certificado ajeno") << "impreso B4_A" << 0 << "nuevo" << arquitecto << perceptor
+                                                               << QStringList{"6", "Marta Vidal"};
+        QTest::newRow("pagador del certificado ajeno") << "impreso B4_A" << 1 << "elegir 1" << QStringList{} << pagador
+                                                       << QStringList{"1", "María López"};
+        QTest::newRow("pagador nuevo del certificado ajeno") << "impreso B4_A" << 1 << "nuevo"
+                                                             << QStringList{"txt_Nombre=Rosa", "txt_Apellidos=Gil", "txt_NIF=22222222J"}
+                                                             << pagador << QStringList{"2", "Rosa Gil"};
+        QTest::newRow("pagador del certificado propio") << "impreso B4_P" << 1 << "elegir 1" << QStringList{} << pagador
+                                                        << QStringList{"1", "Ana Ruiz"};
+        QTest::newRow("pagador nuevo del certificado propio") << "impreso B4_P" << 1 << "nuevo" << arquitecto << pagador
+                                                              << QStringList{"6", "Marta Vidal"};
         // Certificados: la lista de cada uno abre su pantalla.
         QTest::newRow("arquitecto del certificado") << "impreso DATOSCERTIFICADO" << -1 << "elegir 1" << QStringList{}
                                                     << QStringList{"txt_CodArq", "txt_NomArq"} << QStringList{"1", "Ana Ruiz"};
@@ -332,14 +366,26 @@ private slots:
             receptor = c;
             c->img_Buscar_Click(boton);
         } else {
-            // "impreso A1" es un tipo de la lista DATOSA1B2; "impreso DATOS..." es la clave de su lista.
-            const QString impreso = pantalla.mid(8);
-            const bool clave = impreso.startsWith(QLatin1String("DATOS"));
-            QVERIFY(Fichas::abrir({.tabla = clave ? impreso : QStringLiteral("DATOSA1B2"), .tipoImpreso = clave ? QString() : impreso,
+            // "impreso B4_P": la pantalla de ese tipo, abierta desde su lista; su botón por índice.
+            // "impreso X": el impreso de tipo X, abierto desde su lista; "impreso DATOS...": la
+            // pantalla de esa lista, que no distingue tipos.
+            const QString tipo = pantalla.mid(8);
+            QString lista;
+            if (tipo.startsWith(QLatin1String("DATOS")))
+                lista = tipo;
+            else
+                for (const DefinicionImpreso& d : TablaImpresos::todas())
+                    for (const VarianteImpreso& v : d.variantes)
+                        if (v.tipoImpreso == tipo)
+                            lista = d.tablaBusqueda;
+            QVERIFY(Fichas::abrir({.tabla = lista, .tipoImpreso = lista == tipo ? QString() : tipo,
                                    .operacion = QStringLiteral("ALTA")}));
             auto* d = Pantallas::cargada<DatosImpreso>();
             receptor = d;
-            d->img_Buscar_Click();
+            if (boton < 0)
+                d->img_Buscar_Click();
+            else
+                d->findChild<QToolButton*>(QStringLiteral("img_Buscar_%1").arg(boton))->click();
         }
         QPointer<frmBuscarSeleccionar> s = Pantallas::cargada<frmBuscarSeleccionar>();
         QVERIFY(s);
@@ -375,6 +421,67 @@ private slots:
         QCOMPARE(leidos, esperado);
         // Nadie escribe en otra pantalla por su nombre: la lista del menú sigue sin abrirse.
         QVERIFY(!Pantallas::cargada<frmBuscar>());
+    }
+
+    // La pantalla que pidió algo vuelve al frente cuando se cierra lo que abrió, aunque su lista
+    // esté abierta detrás; y el menú "Ventana" alcanza cualquier pantalla abierta.
+    void laQuePideVuelveAlFrente()
+    {
+        EntornoPrueba e;
+        e.conectar();
+        {
+            UsoConexion uso;
+            ejecutar(QStringLiteral("INSERT INTO Proyectos_A (PryCod, EXPNUM, Trabajo) VALUES (7, '2008/1', 'Nave agrícola')"));
+            ejecutar(QStringLiteral("INSERT INTO Clientes (Codigo_Cli, Nombre_Cli, Ape_Cli, NIF) VALUES (1, 'María', 'López', '11111111H')"));
+        }
+        frmMenu::instancia()->show();
+        procesarEventos();
+
+        QVERIFY(abrirListaImpreso(QStringLiteral("mnu_A1")));
+        auto* lista = Pantallas::cargada<frmBuscar>();
+        QVERIFY(lista);
+        lista->cmd_Nuevo_Click();
+        procesarEventos();
+        auto* impreso = Pantallas::cargada<DatosImpreso>();
+        QVERIFY(impreso);
+        impreso->img_Buscar_Click();
+        procesarEventos();
+        elegir(7);
+        procesarEventos();
+        QCOMPARE(delante(), impreso);
+
+        QVERIFY(abrirListaMaestra(QStringLiteral("CLIENTES")));
+        auto* clientes = Pantallas::cargada<frmBuscar>();
+        QVERIFY(Fichas::abrir({.tabla = QStringLiteral("CLIENTES"), .operacion = QStringLiteral("ALTA")}));
+        auto* cliente = Pantallas::cargada<frmCliente>();
+        escribir(cliente, "txt_NIF", QStringLiteral("11111111H"));
+        cliente->img_Validar_Click();
+        procesarEventos();
+        auto* comprobacion = Pantallas::cargada<frmValidarNIFCIF>();
+        QVERIFY(comprobacion);
+        QCOMPARE(delante(), comprobacion);
+        QVERIFY(Pantallas::descargar(comprobacion));
+        procesarEventos();
+        QCOMPARE(delante(), cliente);
+
+        // Cada pantalla abierta tiene su entrada; elegirla la trae al frente.
+        auto* ventana = frmMenu::instancia()->findChild<QMenu*>(QStringLiteral("mnu_Ventana"));
+        QVERIFY(ventana);
+        emit ventana->aboutToShow();
+        QStringList entradas;
+        QAction* entradaImpreso = nullptr;
+        for (QAction* a : ventana->actions())
+            if (a->property("pantallaAbierta").toBool()) {
+                entradas << a->text().section(QLatin1Char(' '), 1);
+                if (a->text().endsWith(impreso->windowTitle()))
+                    entradaImpreso = a;
+            }
+        QCOMPARE(entradas.size(), 3);  // el impreso, la lista (una sola, ahora la de clientes) y el cliente
+        QVERIFY(entradas.contains(clientes->windowTitle()) && entradas.contains(cliente->windowTitle()));
+        QVERIFY(entradaImpreso);
+        entradaImpreso->trigger();
+        procesarEventos();
+        QCOMPARE(delante(), impreso);
     }
 
     // El tipo de perceptor elegido va a quien abrió la elección, y el selector se abre con la

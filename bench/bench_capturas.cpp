@@ -1,0 +1,80 @@
+// Capturas de la ventana principal a 1366×768 para mirarlas: la lista de un impreso, la ficha del
+// proyecto y el menú "Ventana" con las pantallas abiertas. Uso: bench_capturas carpeta
+// (mejor bajo xvfb-run -s '-screen 0 1366x768x24'; sin pantalla sirve QT_QPA_PLATFORM=offscreen).
+#include "app/frmMenu.h"
+#include "core/BaseDatos.h"
+#include "core/Fichas.h"
+#include "core/Pantallas.h"
+#include "reports/modInformes.h"
+#include "search/AbrirBusqueda.h"
+#include "tests/comun/EntornoPrueba.h"
+
+#include <QApplication>
+#include <QMdiArea>
+#include <QMenu>
+#include <QMenuBar>
+#include <QPainter>
+#include <cstdio>
+
+namespace {
+
+void guardar(QWidget* ventana, const QString& fichero)
+{
+    procesarEventos();
+    if (!ventana->grab().save(fichero))
+        std::printf("no se ha podido guardar %s\n", qPrintable(fichero));
+    else
+        std::printf("%s\n", qPrintable(fichero));
+}
+
+}  // namespace
+
+int main(int argc, char** argv)
+{
+    QApplication app(argc, argv);
+    if (argc < 2) {
+        std::printf("Uso: bench_capturas carpeta\n");
+        return 1;
+    }
+    const QString carpeta = QString::fromLocal8Bit(argv[1]);
+    modInformes::inicializarRecursos();
+    EntornoPrueba env;
+    env.conectar();
+    {
+        UsoConexion uso;
+        ejecutar(QStringLiteral("INSERT INTO Clientes (Codigo_Cli, Nombre_Cli, Ape_Cli, NIF) VALUES (1, 'Íñigo', 'Núñez O''Brien', '12345678Z')"));
+        for (int i = 1; i <= 30; ++i) {
+            ejecutar(QStringLiteral("INSERT INTO Proyectos_A (PryCod, EXPNUM, Trabajo, Municipio, Provincia, EXPFV) VALUES (?, ?, ?, ?, ?, ?)"),
+                     {i, QStringLiteral("2024-%1").arg(100000 + i), QStringLiteral("Rehabilitación de edificio de viviendas nº %1").arg(i),
+                      QStringLiteral("Santo Domingo de la Calzada"), QStringLiteral("La Rioja"), QStringLiteral("2024-03-%1").arg(i % 28 + 1, 2, 10, QLatin1Char('0'))});
+            ejecutar(QStringLiteral("INSERT INTO datosA1B2 (PRYNOM, PRYCOD, LUGAR_A1, FECHA_A1, TIPODOC) VALUES (?, ?, ?, ?, 'A1')"),
+                     {QStringLiteral("Rehabilitación de edificio de viviendas nº %1").arg(i), i, QStringLiteral("Logroño"),
+                      QStringLiteral("2024-04-%1").arg(i % 28 + 1, 2, 10, QLatin1Char('0'))});
+        }
+    }
+    frmMenu* menu = frmMenu::instancia();
+    menu->resize(1366, 768);
+    menu->show();
+    procesarEventos();
+
+    abrirListaImpreso(QStringLiteral("mnu_A1"));
+    guardar(menu, carpeta + QStringLiteral("/principal-lista-a1.png"));
+
+    Fichas::abrir({.tabla = QStringLiteral("PROYECTOS_A"), .operacion = QStringLiteral("MODIFICAR"), .codigo = 3});
+    guardar(menu, carpeta + QStringLiteral("/principal-proyecto.png"));
+
+    // El menú "Ventana" abierto, pintado encima de la ventana en su sitio.
+    auto* ventana = menu->findChild<QMenu*>(QStringLiteral("mnu_Ventana"));
+    QMenuBar* barra = menu->menuBar();
+    ventana->popup(barra->mapToGlobal(barra->actionGeometry(ventana->menuAction()).bottomLeft()));
+    procesarEventos();
+    QPixmap fondo = menu->grab();
+    {
+        QPainter p(&fondo);
+        p.drawPixmap(menu->mapFromGlobal(ventana->mapToGlobal(QPoint(0, 0))), ventana->grab());
+    }
+    ventana->hide();
+    fondo.save(carpeta + QStringLiteral("/principal-menu-ventana.png"));
+    std::printf("%s\n", qPrintable(carpeta + QStringLiteral("/principal-menu-ventana.png")));
+    return 0;
+}
