@@ -17,6 +17,11 @@
 #include "forms/frmDatosImpreso_A5.h"
 #include "forms/frmDatosImpreso_CSS.h"
 #include "forms/frmDatosImpreso_ComunicadoDireccionCoordinador.h"
+// Certificados
+#include "forms/frmDatosImpreso_Certificado.h"
+#include "forms/frmDatosImpreso_CertificadoFinObra.h"
+#include "forms/frmSeleccionarTipoCertificado.h"
+#include "reports/VistaImpreso.h"
 
 #include <QHash>
 #include <functional>
@@ -43,6 +48,9 @@ const QHash<QString, Fabrica>& fabricas()
         {QStringLiteral("frmDatosImpreso_CSS"), [] { return new frmDatosImpreso_CSS; }},
         {QStringLiteral("frmDatosImpreso_A5"), [] { return new frmDatosImpreso_A5; }},
         {QStringLiteral("frmDatosImpreso_ComunicadoDireccionCoordinador"), [] { return new frmDatosImpreso_ComunicadoDireccionCoordinador; }},
+        // Certificados
+        {QStringLiteral("frmDatosImpreso_Certificado"), [] { return new frmDatosImpreso_Certificado; }},
+        {QStringLiteral("frmDatosImpreso_CertificadoFinObra"), [] { return new frmDatosImpreso_CertificadoFinObra; }},
     };
     return f;
 }
@@ -92,4 +100,10 @@ void registrarImpresos()
     for (const DefinicionImpreso& d : TablaImpresos::todas())
         Fichas::registrar(d.tablaBusqueda, abrirImpreso);
     Fichas::registrar(QStringLiteral("DATOSA4A5"), abrirImpreso);
+
+    // Certificados: el impreso en blanco del fin de obra pregunta antes cuál de sus cuatro diseños.
+    if (const DefinicionImpreso* cfo = TablaImpresos::porPantalla(QStringLiteral("frmDatosImpreso_CertificadoFinObra")))
+        registrarImpresoEnBlanco(cfo->variantes.constFirst().codigoBlanco, [] {
+            return frmSeleccionarTipoCertificado::elegir(frmSeleccionarTipoCertificado::RETORNO_EN_BLANCO);
+        });
 }

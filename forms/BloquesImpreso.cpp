@@ -136,10 +136,6 @@ void bloqueCliente(const Consulta& proyecto, FilaTemporal& fila)
     fila.poner(QStringLiteral("REPRESNO"), sinNombre ? QStringLiteral("X") : QString());
 }
 
-namespace {
-const QString SQL_ARQUITECTO = QStringLiteral("SELECT * FROM OTROS WHERE UCase(Categoria) = 'ARQUITECTO' AND Codigo_Cli = ?");
-}
-
 void bloqueSociedad(const Consulta& proyecto, FilaTemporal& fila)
 {
     const QVariant codigo = proyecto.valor(QStringLiteral("ARQREG"));
@@ -147,7 +143,7 @@ void bloqueSociedad(const Consulta& proyecto, FilaTemporal& fila)
         fila.poner(QStringLiteral("HAYSOC"), QString());
         return;
     }
-    Consulta soc(SQL_ARQUITECTO, {codigo});
+    Consulta soc(SQL_OTROS_ARQUITECTO, {codigo});
     if (!soc.siguiente())
         return;
     // O inclusivo, como siempre: una dirección vacía deja la coma delante del municipio.
@@ -172,7 +168,7 @@ void paginaArquitectos(qint64 pryCod, int pagina, FilaTemporal& fila, QString& d
         const QVariant codigo = arq.valor(QStringLiteral("Codigo_Arq"));
         if (propia.isNull() || propia.toLongLong() != 0 || codigo.isNull())
             continue;
-        Consulta otros(SQL_ARQUITECTO, {codigo});
+        Consulta otros(SQL_OTROS_ARQUITECTO, {codigo});
         if (!otros.siguiente()) {
             Mensajes::aviso(AVISO_ARQUITECTO_NO_HALLADO);
             continue;
@@ -405,7 +401,7 @@ QString unirArquitectos(const QString& sql, qint64 pryCod)
         const QVariant codigo = c.valor(QStringLiteral("Codigo_Arq"));
         if (codigo.isNull())
             continue;
-        Consulta otros(SQL_ARQUITECTO, {codigo});
+        Consulta otros(SQL_OTROS_ARQUITECTO, {codigo});
         if (otros.siguiente())
             nombres << nombreCompleto(otros);
     }
@@ -442,7 +438,7 @@ QString firmaResumen(qint64 pryCod)
     const QVariant codigo = propia.valor(QStringLiteral("Codigo_Arq"));
     if (codigo.isNull())
         return {};
-    Consulta soc(SQL_ARQUITECTO, {codigo});
+    Consulta soc(SQL_OTROS_ARQUITECTO, {codigo});
     if (!soc.siguiente()) {
         Mensajes::aviso(AVISO_SOCIEDAD_NO_HALLADA);
         return {};

@@ -119,7 +119,7 @@ enum class ConCodigo { No, Si };
 void columnasPersona(const Consulta& persona, const QString& prefijo, FilaTemporal& fila, ConCodigo codigo = ConCodigo::Si);
 // Una consulta ya en su primera fila; sin fila avisa con el texto dado y devuelve false.
 bool leerFila(Consulta& consulta, const QString& avisoSinFila);
-// Arquitecto de OTROS por su código.
+// Arquitecto (o sociedad de arquitectos) de OTROS por su código; lo usan también los bloques.
 inline const QString SQL_OTROS_ARQUITECTO =
     QStringLiteral("SELECT * FROM OTROS WHERE Codigo_Cli = ? AND UCASE(Categoria) = 'ARQUITECTO'");
 

@@ -40,7 +40,7 @@ void DatosImpreso::enlazarControles(const QString& buscarProyecto, const QString
     txt_Lugar = findChild<QLineEdit*>(QStringLiteral("txt_Lugar"));
     txt_Fecha = findChild<QLineEdit*>(QStringLiteral("txt_Fecha"));
     tlb_BotoneraImprimir = findChild<QToolBar*>(QStringLiteral("tlb_BotoneraImprimir"));
-    Q_ASSERT(txt_Lugar && txt_Fecha && tlb_BotoneraImprimir);
+    Q_ASSERT(txt_Fecha && tlb_BotoneraImprimir);
     if (m_definicion->conProyecto) {
         txt_CodProyecto = findChild<QLineEdit*>(QStringLiteral("txt_CodProyecto"));
         txt_Proyecto = findChild<QLineEdit*>(QStringLiteral("txt_Proyecto"));
@@ -74,7 +74,8 @@ bool DatosImpreso::cargar()
         img_Buscar->setIcon(Iconos::icono(QStringLiteral("buscar"), 20));
     if (img_Borrar)
         img_Borrar->setIcon(Iconos::icono(QStringLiteral("borrar"), 20));
-    txt_Lugar->setMaxLength(50);
+    if (txt_Lugar)
+        txt_Lugar->setMaxLength(50);
     txt_Fecha->setMaxLength(30);
     aplicarLimites();
 
@@ -83,9 +84,12 @@ bool DatosImpreso::cargar()
         return false;
     if (Operacion == QLatin1String("ALTA")) {
         txt_Fecha->setText(Formato::fechaPie(QDate::currentDate()));
-        Consulta c(QStringLiteral("SELECT Municipio FROM Config"));
-        if (c.siguiente())
-            txt_Lugar->setText(c.texto(QStringLiteral("Municipio")));
+        // El lugar por omisión es el municipio del estudio; sin lugar en el pie no se lee.
+        if (txt_Lugar) {
+            Consulta c(QStringLiteral("SELECT Municipio FROM Config"));
+            if (c.siguiente())
+                txt_Lugar->setText(c.texto(QStringLiteral("Municipio")));
+        }
         valoresPorDefecto();
     } else if (Operacion == QLatin1String("MODIFICAR")) {
         Consulta c(QStringLiteral("SELECT * FROM \"%1\" WHERE Clave = ?").arg(m_definicion->tablaHistorico), {Clave});
@@ -157,7 +161,9 @@ QList<QWidget*> DatosImpreso::controlesCopia() const
     QList<QWidget*> l;
     if (txt_CodProyecto)
         l << txt_CodProyecto << txt_Proyecto;
-    return l << txt_Lugar << txt_Fecha;
+    if (txt_Lugar)
+        l << txt_Lugar;
+    return l << txt_Fecha;
 }
 
 bool DatosImpreso::avisar(QWidget* campo, const QString& texto)
@@ -176,7 +182,7 @@ bool DatosImpreso::validarDatos()
         return avisar(txt_Proyecto, QStringLiteral("Por favor, seleccione un proyecto"));
     if (!validarPropios())
         return false;
-    if (txt_Lugar->text().trimmed().isEmpty())
+    if (txt_Lugar && txt_Lugar->text().trimmed().isEmpty())
         return avisar(txt_Lugar, QStringLiteral("Por favor, escriba el lugar (necesario para el pie del impreso)"));
     if (txt_Fecha->text().trimmed().isEmpty())
         return avisar(txt_Fecha, QStringLiteral("Por favor, escriba la fecha (necesaria para el pie del impreso)"));

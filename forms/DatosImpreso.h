@@ -30,8 +30,9 @@ public:
     // Variante en curso (código, informe, títulos); las pantallas de un solo impreso tienen una.
     virtual const VarianteImpreso& variante() const;
 
-    void img_Buscar_Click();
-    void img_Borrar_Click();
+    // El par del proyecto; una pantalla sin él pone aquí su propio selector.
+    virtual void img_Buscar_Click();
+    virtual void img_Borrar_Click();
     void tlb_BotoneraImprimir_ButtonClick();
 
     bool validarDatos();
@@ -91,7 +92,7 @@ protected:
     QLineEdit* txt_Proyecto = nullptr;
     QToolButton* img_Buscar = nullptr;
     QToolButton* img_Borrar = nullptr;
-    QLineEdit* txt_Lugar = nullptr;
+    QLineEdit* txt_Lugar = nullptr;  // nulo si el pie sólo lleva la fecha
     QLineEdit* txt_Fecha = nullptr;
     QToolBar* tlb_BotoneraImprimir = nullptr;
     QAction* m_botonImprimir = nullptr;

@@ -174,7 +174,8 @@ private:
         e.nombre = a.value(QLatin1String("nombre")).toString();
         e.rect = QRectF(numero(a, "x", 0), numero(a, "y", 0), numero(a, "ancho", 0), numero(a, "alto", 0));
         e.fuente = fuente(a);
-        e.ajuste = logico(a, "ajuste", false);
+        e.crecer = logico(a, "crecer", false);
+        e.ajuste = logico(a, "ajuste", false) || e.crecer;
         e.alineacion = alineacion(a, e.ajuste);
         e.formato = a.value(QLatin1String("formato")).toString();
         e.prefijo = a.value(QLatin1String("prefijo")).toString();

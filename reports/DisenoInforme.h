@@ -35,6 +35,9 @@ struct ElementoInforme {
     int fuente = 0;
     Qt::Alignment alineacion = Qt::AlignLeft | Qt::AlignVCenter;
     bool ajuste = false;            // texto en varias líneas dentro de su caja
+    bool crecer = false;            // campo en varias líneas que crece hacia abajo con su texto:
+                                    // lo que hay debajo en la banda baja con él, y el texto sigue
+                                    // en las páginas siguientes si no cabe (sin subtablas en la banda)
     bool suprimirSiCero = false;
     bool suprimirSiVacio = false;   // con prefijo o sufijo: no se imprimen si el valor falta
     double grosor = 0.2;            // de líneas, cajas y bordes

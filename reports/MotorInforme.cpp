@@ -13,6 +13,7 @@
 #include <QSqlError>
 #include <QSqlQuery>
 #include <QSqlRecord>
+#include <QTextLayout>
 
 // ---------------------------------------------------------------- filas
 
@@ -59,6 +60,66 @@ QVariant ConjuntoFilas::valor(int fila, const QString& campo) const
 // ---------------------------------------------------------------- composición
 
 namespace {
+
+QFont fuenteQt(const FuenteInforme& f)
+{
+    QFont q(f.familia);
+    q.setPointSizeF(f.tamano);
+    q.setBold(f.negrita);
+    q.setItalic(f.cursiva);
+    q.setKerning(false);
+    return q;
+}
+
+// Texto de un campo que crece, partido en las líneas que ocupa a su ancho.
+struct LineasTexto {
+    QStringList lineas;
+    QList<bool> finParrafo;  // la última línea de cada párrafo no se justifica
+    double alto = 0;         // de cada línea, en milímetros
+};
+
+LineasTexto partirEnLineas(QString texto, const FuenteInforme& fuente, double anchoMm)
+{
+    // Se mide a 1200 ppp, igual para la vista previa, la impresora y el PDF; la holgura cubre lo
+    // que cada dispositivo redondea de más al dibujar.
+    static const QImage medida = [] {
+        QImage i(1, 1, QImage::Format_Mono);
+        i.setDotsPerMeterX(47244);
+        i.setDotsPerMeterY(47244);
+        return i;
+    }();
+    const double k = medida.logicalDpiX() / 25.4;
+    const QFont f = fuenteQt(fuente);
+    LineasTexto r;
+    r.alto = QFontMetricsF(f, &medida).lineSpacing() / k;
+    if (texto.isEmpty())
+        return r;
+    texto.replace(QStringLiteral("\r\n"), QStringLiteral("\n")).replace(QLatin1Char('\r'), QLatin1Char('\n'));
+    texto.replace(QLatin1Char('\t'), QStringLiteral("    "));
+    QTextOption opcion;
+    opcion.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+    for (const QString& parrafo : texto.split(QLatin1Char('\n'))) {
+        if (parrafo.isEmpty()) {  // renglón en blanco entre párrafos
+            r.lineas << QString();
+            r.finParrafo << true;
+            continue;
+        }
+        QTextLayout capa(parrafo, f, &medida);
+        capa.setTextOption(opcion);
+        capa.beginLayout();
+        for (QTextLine l = capa.createLine(); l.isValid(); l = capa.createLine()) {
+            l.setLineWidth(anchoMm * k * 0.99);
+            QString linea = parrafo.mid(l.textStart(), l.textLength());
+            while (linea.endsWith(QLatin1Char(' ')))
+                linea.chop(1);
+            r.lineas << linea;
+            r.finParrafo << false;
+        }
+        capa.endLayout();
+        r.finParrafo.last() = true;
+    }
+    return r;
+}
 
 class Compositor {
 public:
@@ -163,6 +224,10 @@ private:
         // Una banda que no cabe pasa entera a la página siguiente (salvo que no quepa en ninguna).
         if (m_y + std::min(alto, b.alto) > m_limite + 1e-6 && m_y > m_inicioCuerpo + 1e-6)
             saltarPagina();
+        if (const ElementoInforme* c = creciente(b, fd)) {
+            detalleCreciente(b, fd, *c);
+            return;
+        }
         if (b.cebra.isValid() && numeroFila % 2 == 1) {
             TrazoInforme t;
             t.tipo = TrazoInforme::Caja;
@@ -184,6 +249,88 @@ private:
                 fin = m_paginas.size() != paginaInicial ? anterior : std::max(fin, anterior);
             }
         m_y = m_paginas.size() != paginaInicial ? std::max(m_y, fin) : fin;
+    }
+
+    // El campo que crece de una banda de detalle (el primero que no se suprime), si la banda no
+    // lleva subtablas.
+    const ElementoInforme* creciente(const BandaInforme& b, const FilaDetalle& fd) const
+    {
+        const ElementoInforme* c = nullptr;
+        for (const ElementoInforme& e : b.elementos) {
+            if (e.tipo == TipoElemento::Subtabla)
+                return nullptr;
+            if (!c && e.crecer && e.tipo == TipoElemento::Campo && !suprimido(e, fd))
+                c = &e;
+        }
+        return c;
+    }
+
+    // Banda con un campo que crece: lo de encima del final del campo va donde lo puso el diseño;
+    // las líneas del texto siguen en las páginas que hagan falta; lo de debajo va tras el texto, a
+    // la distancia que tenía de su final, y pasa entero de página si no cabe.
+    void detalleCreciente(const BandaInforme& b, FilaDetalle& fd, const ElementoInforme& c)
+    {
+        const LineasTexto t = partirEnLineas(textoCampo(c, fd), m_d.fuentes.value(c.fuente), c.rect.width());
+        const double finCampo = c.rect.bottom();
+        const double y0 = m_y;
+        colocar(b, fd, m_x0, y0, [&](const ElementoInforme& e) { return &e != &c && e.rect.top() < finCampo; });
+        double y = y0 + c.rect.top();
+        bool otraPagina = false;
+        for (int i = 0; i < t.lineas.size(); ++i) {
+            if (y + t.alto > m_limite + 1e-6 && y > m_inicioCuerpo + 1e-6) {
+                saltarPagina();
+                y = m_y;
+                otraPagina = true;
+            }
+            linea(c, m_x0 + c.rect.x(), y, t, i);
+            y += t.alto;
+        }
+        double fin = otraPagina ? y : std::max(y, y0 + finCampo);
+        const double resto = b.alto - finCampo;
+        if (fin + resto > m_limite + 1e-6 && fin > m_inicioCuerpo + 1e-6) {
+            saltarPagina();
+            fin = m_y;
+        }
+        colocar(b, fd, m_x0, fin - finCampo, [&](const ElementoInforme& e) { return &e != &c && e.rect.top() >= finCampo; });
+        m_y = fin + resto;
+    }
+
+    // Una línea de un campo que crece; la justificación no se aplica a la última de cada párrafo.
+    void linea(const ElementoInforme& e, double x, double y, const LineasTexto& t, int i)
+    {
+        if (t.lineas[i].isEmpty())
+            return;
+        const Qt::Alignment horizontal = e.alineacion & Qt::AlignHorizontal_Mask;
+        TrazoInforme tr;
+        tr.tipo = TrazoInforme::Texto;
+        tr.rect = QRectF(x, y, e.rect.width(), t.alto);
+        tr.texto = t.lineas[i];
+        tr.fuente = e.fuente;
+        tr.color = e.color;
+        tr.justificar = horizontal == Qt::AlignJustify && !t.finParrafo[i];
+        tr.banderas = int((horizontal == Qt::AlignJustify ? Qt::AlignLeft : horizontal) | Qt::AlignTop) | Qt::TextSingleLine
+                    | Qt::TextDontClip;
+        actual().trazos << std::move(tr);
+    }
+
+    static bool suprimido(const ElementoInforme& e, const FilaDetalle& fd)
+    {
+        return (!e.nombre.isEmpty() && fd.suprimido(e.nombre)) || (!e.campo.isEmpty() && fd.suprimido(e.campo));
+    }
+
+    // Texto de un campo tal como se imprime: el que le dio el código de detalle, o su valor con
+    // formato, prefijo y sufijo (nada si se suprime por cero o por vacío).
+    QString textoCampo(const ElementoInforme& e, FilaDetalle& fd) const
+    {
+        if (!e.nombre.isEmpty() && fd.tieneTexto(e.nombre))
+            return fd.texto(e.nombre);
+        const QVariant v = valorDe(e, fd);
+        if (e.suprimirSiCero && CodigosDetalle::esCero(v))
+            return {};
+        const QString t = FormatoInforme::valor(v, e.formato);
+        if (t.trimmed().isEmpty() && e.suprimirSiVacio)
+            return {};
+        return e.prefijo + t + e.sufijo;
     }
 
     // Coloca la subtabla desde y; devuelve dónde acaba (en la página en que acaba).
@@ -256,34 +403,27 @@ private:
         actual().trazos << std::move(tr);
     }
 
-    void colocar(const BandaInforme& b, FilaDetalle& fd, double x, double y)
+    // Coloca los elementos de la banda (los que deje pasar el filtro) con su origen en x, y.
+    void colocar(const BandaInforme& b, FilaDetalle& fd, double x, double y,
+                 const std::function<bool(const ElementoInforme&)>& filtro = {})
     {
         for (const ElementoInforme& e : b.elementos) {
-            if (!e.nombre.isEmpty() && fd.suprimido(e.nombre))
-                continue;
-            if (!e.campo.isEmpty() && fd.suprimido(e.campo))
+            if (suprimido(e, fd) || (filtro && !filtro(e)))
                 continue;
             switch (e.tipo) {
             case TipoElemento::Texto:
                 texto(e, x, y, !e.nombre.isEmpty() && fd.tieneTexto(e.nombre) ? fd.texto(e.nombre) : e.texto);
                 break;
-            case TipoElemento::Campo: {
-                if (!e.nombre.isEmpty() && fd.tieneTexto(e.nombre)) {
-                    texto(e, x, y, fd.texto(e.nombre));
-                    break;
+            case TipoElemento::Campo:
+                if (e.crecer) {
+                    // Fuera del detalle no hay hacia dónde crecer: sus líneas desde el principio de la caja.
+                    const LineasTexto t = partirEnLineas(textoCampo(e, fd), m_d.fuentes.value(e.fuente), e.rect.width());
+                    for (int i = 0; i < t.lineas.size(); ++i)
+                        linea(e, x + e.rect.x(), y + e.rect.y() + i * t.alto, t, i);
+                } else {
+                    texto(e, x, y, textoCampo(e, fd));
                 }
-                const QVariant v = valorDe(e, fd);
-                if (e.suprimirSiCero && CodigosDetalle::esCero(v)) {
-                    texto(e, x, y, QString());
-                    break;
-                }
-                const QString t = FormatoInforme::valor(v, e.formato);
-                if (t.trimmed().isEmpty() && e.suprimirSiVacio)
-                    texto(e, x, y, QString());
-                else
-                    texto(e, x, y, e.prefijo + t + e.sufijo);
                 break;
-            }
             case TipoElemento::FechaImpresion:
                 texto(e, x, y, e.prefijo + FormatoInforme::valor(m_param.value(QStringLiteral("fechaimpresion")), e.formato) + e.sufijo);
                 break;
@@ -415,14 +555,8 @@ void DocumentoInforme::pintarPagina(QPainter& p, int indice, double k)
     const PaginaInforme& pag = m_paginas.at(indice);
     const QString total = QString::number(m_paginas.size());
     QList<QFont> fuentes;
-    for (const FuenteInforme& f : m_diseno->fuentes) {
-        QFont q(f.familia);
-        q.setPointSizeF(f.tamano);
-        q.setBold(f.negrita);
-        q.setItalic(f.cursiva);
-        q.setKerning(false);
-        fuentes << q;
-    }
+    for (const FuenteInforme& f : m_diseno->fuentes)
+        fuentes << fuenteQt(f);
     auto px = [k](const QRectF& r) { return QRectF(r.x() * k, r.y() * k, r.width() * k, r.height() * k); };
     int fuenteActual = -1;
     p.save();
@@ -444,6 +578,17 @@ void DocumentoInforme::pintarPagina(QPainter& p, int indice, double k)
                 const QFontMetricsF fm(p.font(), p.device());
                 if (fm.horizontalAdvance(texto) > r.width())
                     texto = fm.elidedText(texto, Qt::ElideRight, r.width());
+            }
+            if (t.justificar) {
+                // El hueco que queda hasta el ancho se reparte entre los espacios de la línea.
+                const qsizetype espacios = texto.count(QLatin1Char(' '));
+                const double natural = QFontMetricsF(p.font(), p.device()).horizontalAdvance(texto);
+                if (espacios > 0 && natural < r.width()) {
+                    QFont f = p.font();
+                    f.setWordSpacing((r.width() - natural) / double(espacios));
+                    p.setFont(f);
+                    fuenteActual = -1;
+                }
             }
             p.drawText(r, t.banderas, texto);
             break;

@@ -40,6 +40,7 @@ struct TrazoInforme {
     double grosor = 0;
     QColor color, relleno;
     bool recortar = false;  // una sola línea: se acorta con "…" si no cabe
+    bool justificar = false;  // línea de un párrafo justificado: el hueco se reparte entre palabras
 };
 
 struct PaginaInforme {

@@ -9,6 +9,7 @@
 #include "reports/modInformes.h"
 
 #include <QFile>
+#include <QHash>
 
 namespace {
 
@@ -22,33 +23,55 @@ QString columnaListaBlanco(const QString& tabla)
     return QStringLiteral("COORSSNOM");
 }
 
+QHash<int, std::function<bool()>>& impresosEnBlancoRegistrados()
+{
+    static QHash<int, std::function<bool()>> r;
+    return r;
+}
+
 }  // namespace
+
+void registrarImpresoEnBlanco(int codigo, std::function<bool()> generar)
+{
+    impresosEnBlancoRegistrados().insert(codigo, std::move(generar));
+}
 
 void mostrarImpreso(const VarianteImpreso& v, const QString& tituloVisor)
 {
+    QString titulo = tituloVisor;
+    if (titulo.isEmpty())
+        if (const frmVisorCrystal* anterior = Pantallas::cargada<frmVisorCrystal>())
+            titulo = anterior->windowTitle();
     Pantallas::descargar<frmVisorCrystal>();
     modInformes::Informe = modInformes::crearInforme(v.informe);
     modInformes::conectar();
     modInformes::iniciarInforme_Impreso(v.codigo);
-    frmVisorCrystal::mostrarInforme(tituloVisor);
+    frmVisorCrystal::mostrarInforme(titulo);
 }
 
 bool generarImpresoEnBlanco(int codigo)
 {
+    if (const auto it = impresosEnBlancoRegistrados().constFind(codigo); it != impresosEnBlancoRegistrados().cend())
+        return (*it)();
     const DefinicionImpreso* d = nullptr;
     const VarianteImpreso* v = TablaImpresos::porCodigoBlanco(codigo, &d);
     // Sólo los impresos cuyo diseño ya existe.
     if (!v || v->informe.isEmpty() || !QFile::exists(QStringLiteral(":/informes/") + v->informe + QStringLiteral(".xml")))
         return false;
+    return mostrarImpresoEnBlanco(*d, *v, v->tituloBlanco);
+}
+
+bool mostrarImpresoEnBlanco(const DefinicionImpreso& d, const VarianteImpreso& v, const QString& tituloVisor)
+{
     bool enTransaccion = false;
     const bool ok = guardia(QStringLiteral("frmBuscar"), QStringLiteral("generarImpresoEnBlanco"), [&] {
         CursorEspera espera;
         {
             Transaccion t;
             enTransaccion = true;
-            ejecutar(QStringLiteral("DELETE FROM \"%1\"").arg(d->tablaTemporal));
+            ejecutar(QStringLiteral("DELETE FROM \"%1\"").arg(d.tablaTemporal));
             // Listas del comunicado: dos filas en blanco en cada una, las líneas vacías del impreso.
-            for (const QString& extra : d->temporalesExtra) {
+            for (const QString& extra : d.temporalesExtra) {
                 ejecutar(QStringLiteral("DELETE FROM \"%1\"").arg(extra));
                 for (int i = 0; i < 2; ++i)
                     insertar(extra, {{columnaListaBlanco(extra), QStringLiteral("")}});
@@ -56,7 +79,7 @@ bool generarImpresoEnBlanco(int codigo)
             t.confirmar();
             enTransaccion = false;
         }
-        mostrarImpreso(*v, v->tituloBlanco);
+        mostrarImpreso(v, tituloVisor);
     });
     if (!ok && enTransaccion)
         Mensajes::aviso(TablaImpresos::AVISO_FALLO);

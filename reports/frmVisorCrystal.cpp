@@ -75,7 +75,8 @@ frmVisorCrystal::~frmVisorCrystal() = default;
 frmVisorCrystal* frmVisorCrystal::mostrarInforme(const QString& titulo)
 {
     auto* v = new frmVisorCrystal();
-    v->setWindowTitle(titulo);
+    if (!titulo.isEmpty())  // sin título se queda con el suyo
+        v->setWindowTitle(titulo);
     Pantallas::mostrar(v);
     return v;
 }

@@ -318,6 +318,15 @@ private slots:
                                                         << QStringList{"1", "Ana Ruiz"};
         QTest::newRow("pagador nuevo del certificado propio") << "impreso B4_P" << 1 << "nuevo" << arquitecto << pagador
                                                               << QStringList{"6", "Marta Vidal"};
+        // Certificados: la lista de cada uno abre su pantalla.
+        QTest::newRow("arquitecto del certificado") << "impreso DATOSCERTIFICADO" << -1 << "elegir 1" << QStringList{}
+                                                    << QStringList{"txt_CodArq", "txt_NomArq"} << QStringList{"1", "Ana Ruiz"};
+        QTest::newRow("arquitecto nuevo del certificado") << "impreso DATOSCERTIFICADO" << -1 << "nuevo" << arquitecto
+                                                          << QStringList{"txt_CodArq", "txt_NomArq"} << QStringList{"6", "Marta Vidal"};
+        QTest::newRow("proyecto del fin de obra") << "impreso DATOSFINOBRA" << -1 << "elegir 7" << QStringList{}
+                                                  << QStringList{"txt_CodProyecto", "txt_Proyecto"} << QStringList{"7", "Nave agrícola"};
+        QTest::newRow("proyecto nuevo del fin de obra") << "impreso DATOSFINOBRA" << -1 << "nuevo" << QStringList{"txt_Trabajo=Almacén"}
+                                                        << QStringList{"txt_CodProyecto", "txt_Proyecto"} << QStringList{"8", "Almacén"};
     }
 
     void rutasDeDevolucion()
@@ -358,14 +367,19 @@ private slots:
             c->img_Buscar_Click(boton);
         } else {
             // "impreso B4_P": la pantalla de ese tipo, abierta desde su lista; su botón por índice.
-            // "impreso X": el impreso de tipo X, abierto desde su lista.
+            // "impreso X": el impreso de tipo X, abierto desde su lista; "impreso DATOS...": la
+            // pantalla de esa lista, que no distingue tipos.
             const QString tipo = pantalla.mid(8);
             QString lista;
-            for (const DefinicionImpreso& d : TablaImpresos::todas())
-                for (const VarianteImpreso& v : d.variantes)
-                    if (v.tipoImpreso == tipo)
-                        lista = d.tablaBusqueda;
-            QVERIFY(Fichas::abrir({.tabla = lista, .tipoImpreso = tipo, .operacion = QStringLiteral("ALTA")}));
+            if (tipo.startsWith(QLatin1String("DATOS")))
+                lista = tipo;
+            else
+                for (const DefinicionImpreso& d : TablaImpresos::todas())
+                    for (const VarianteImpreso& v : d.variantes)
+                        if (v.tipoImpreso == tipo)
+                            lista = d.tablaBusqueda;
+            QVERIFY(Fichas::abrir({.tabla = lista, .tipoImpreso = lista == tipo ? QString() : tipo,
+                                   .operacion = QStringLiteral("ALTA")}));
             auto* d = Pantallas::cargada<DatosImpreso>();
             receptor = d;
             if (boton < 0)
