@@ -194,14 +194,7 @@ private slots:
 
     void cleanup()
     {
-        for (QWidget* w : Pantallas::cargadas()) {
-            if (w == frmMenu::existente())
-                continue;
-            auto* sub = qobject_cast<QMdiSubWindow*>(w->parentWidget());
-            delete (sub ? static_cast<QWidget*>(sub) : w);
-        }
-        procesarEventos();
-        modInformes::cerrar();
+        cerrarPantallas();
         m_e.reset();
     }
 

@@ -191,16 +191,6 @@ bool anadir(frmDatosImpreso_ComunicadoDireccionCoordinador* f, int lista, qint64
 }
 
 // Cierra sin preguntar cada pantalla abierta (con su ventana hija) menos la principal.
-void cerrarTodo()
-{
-    QList<QPointer<QWidget>> abiertas;
-    for (QWidget* w : Pantallas::cargadas())
-        if (w != frmMenu::existente())
-            abiertas << (qobject_cast<QMdiSubWindow*>(w->parentWidget()) ? w->parentWidget() : w);
-    for (const QPointer<QWidget>& w : abiertas)
-        delete w.data();
-    procesarEventos();
-}
 
 }  // namespace
 
@@ -220,8 +210,7 @@ private slots:
 
     void cleanup()
     {
-        cerrarTodo();
-        modInformes::cerrar();
+        cerrarPantallas();
         m_e.reset();
     }
 
