@@ -88,7 +88,7 @@ QString conFormato(const QString& texto, const QString& patron)
 void darFormato(QLineEdit* campo, const QString& patron) { campo->setText(conFormato(campo->text(), patron)); }
 
 // Un importe que no cabe en un double es un desbordamiento, como lo era en el sistema.
-QString importe(double valor)
+QString importeSinDesbordar(double valor)
 {
     if (!std::isfinite(valor))
         lanzarError(6, QStringLiteral("Desbordamiento"));
@@ -274,10 +274,10 @@ void frmDatosImpreso_A3::calcularCosteReferencia(int i)
             // El producto, en este orden, sobre los números tal como se ven; sólo lo redondea el formato.
             if (!l.usos->text().trimmed().isEmpty() && leer(l.superficie, superficie) && leer(l.ct, ct) && leer(l.cc, cc)
                 && leer(l.cr, cr) && leer(ui->txt_Modulo, modulo))
-                l.cref->setText(importe(superficie * ct * cc * cr * modulo));
+                l.cref->setText(importeSinDesbordar(superficie * ct * cc * cr * modulo));
             // Un coste de referencia no se borra nunca aquí; el coste por superficie parte del ya redondeado.
             if (leer(l.superficie, superficie) && leer(l.cref, cref))
-                l.coste->setText(importe(dividir(cref, superficie)));
+                l.coste->setText(importeSinDesbordar(dividir(cref, superficie)));
         },
         Mostrar::No);
 }
@@ -292,12 +292,12 @@ void frmDatosImpreso_A3::calcularTotalesResumen()
         if (leer(l.cref, v))
             cref += v;
     }
-    ui->txt_TotalSuperficie->setText(importe(superficie));
-    ui->txt_TotalCRef->setText(importe(cref));
+    ui->txt_TotalSuperficie->setText(importeSinDesbordar(superficie));
+    ui->txt_TotalCRef->setText(importeSinDesbordar(cref));
     double media = 0, totalSuperficie = 0, totalCRef = 0;
     if (leer(ui->txt_TotalSuperficie, totalSuperficie) && leer(ui->txt_TotalCRef, totalCRef) && totalSuperficie != 0)
-        media = Formato::aNumero(importe(totalCRef / totalSuperficie));
-    ui->txt_TotalCoste->setText(importe(media));
+        media = Formato::aNumero(importeSinDesbordar(totalCRef / totalSuperficie));
+    ui->txt_TotalCoste->setText(importeSinDesbordar(media));
 }
 
 // ---------------------------------------------------------------- botones de las líneas

@@ -34,7 +34,7 @@ QString textoNumero(const QVariant& v)
 
 QString textoCodigo(const QVariant& v) { return v.isNull() ? QString() : QString::number(v.toLongLong()); }
 
-QVariant codigoONulo(const QString& texto)
+QVariant codigoNumericoONulo(const QString& texto)
 {
     bool ok = false;
     const qint64 c = texto.trimmed().toLongLong(&ok);
@@ -292,7 +292,7 @@ void frmConfiguracion::img_Borrar_Click(int indice)
             return;
         UsoConexion uso;
         Consulta c(QStringLiteral("SELECT * FROM OTROS WHERE NumColegiado = ? AND UCASE(Categoria) = 'ARQUITECTO' AND esS = 0"),
-                   {codigoONulo(numero).isNull() ? QVariant(numero) : codigoONulo(numero)});
+                   {codigoNumericoONulo(numero).isNull() ? QVariant(numero) : codigoNumericoONulo(numero)});
         if (c.siguiente())
             ponerDatosEstudio({c.texto(QStringLiteral("Dirección_Cli")), c.texto(QStringLiteral("NIF")), c.texto(QStringLiteral("cp")),
                                c.texto(QStringLiteral("Municipio_Cli")), c.texto(QStringLiteral("Provincia_Cli")),
@@ -462,8 +462,8 @@ void frmConfiguracion::cmd_Guardar_Click()
             ejecutar(QStringLiteral("DELETE FROM Config"));
             Campos campos;
             for (int i = 1; i <= 4; ++i)
-                campos << qMakePair(n("CodArq", i), codigoONulo(caja(n("txt_CodArq_", i))->text()));
-            campos << qMakePair(QStringLiteral("CodSoc"), codigoONulo(ui->txt_CodSoc->text()));
+                campos << qMakePair(n("CodArq", i), codigoNumericoONulo(caja(n("txt_CodArq_", i))->text()));
+            campos << qMakePair(QStringLiteral("CodSoc"), codigoNumericoONulo(ui->txt_CodSoc->text()));
             for (int i = 1; i <= 4; ++i) {
                 campos << qMakePair(QStringLiteral("Arq%1Nom").arg(i), textoONulo(caja(n("txt_Arquitecto_", i))->text()));
                 campos << qMakePair(QStringLiteral("Arq%1Col").arg(i), textoONulo(caja(n("txt_NumColegiado_", i))->text()));

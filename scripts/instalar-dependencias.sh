@@ -4,7 +4,7 @@
 set -euo pipefail
 
 paquetes=(
-  build-essential cmake ninja-build ccache pkg-config
+  build-essential cmake ninja-build ccache pkg-config lld
   qt6-base-dev qt6-base-dev-tools libqt6sql6-sqlite qt6-translations-l10n libgl-dev
   libsqlite3-dev sqlite3 libzip-dev
   fonts-liberation2
