@@ -166,6 +166,17 @@ QString nombreParcial(const QString& destino)
     return destino + MARCA_PARCIAL + QUuid::createUuid().toString(QUuid::Id128).left(8);
 }
 
+// Restos de copias de este mismo destino que un proceso matado dejó a medias. Sólo se llama con
+// el cerrojo exclusivo de la base tomado: ninguna otra copia de ella puede estar escribiéndose.
+void borrarParcialesAbandonados(const QString& destino)
+{
+    const QFileInfo d(destino);
+    const QStringList restos =
+        QDir(d.absolutePath()).entryList({d.fileName() + MARCA_PARCIAL + QLatin1Char('*')}, QDir::Files | QDir::Hidden);
+    for (const QString& r : restos)
+        QFile::remove(d.absoluteDir().filePath(r));
+}
+
 // Fallo al crear o escribir un fichero de destino: se dice de qué carpeta se trata.
 ErrorPrograma errorDestino(const ErrorPrograma& e, const QString& destino)
 {
@@ -289,6 +300,7 @@ void copiarBaseDatos(const QString& ficheroBD, const QString& destino, const Lat
 {
     const QString parcial = nombreParcial(destino);
     CerrojoExclusivo cerrojo(ficheroBD);
+    borrarParcialesAbandonados(destino);
     try {
         {
             std::unique_ptr<Motor> copia;

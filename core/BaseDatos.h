@@ -107,3 +107,8 @@ qint64 siguienteClave(const QString& tabla, const QString& campo);  // MAX + 1, 
 
 // Texto a guardar: recortado, y nulo si queda vacío.
 QVariant textoONulo(const QString& texto);
+
+// Arquitecto (o sociedad de arquitectos) de OTROS por su código: lo leen la ficha del proyecto y
+// los impresos.
+inline const QString SQL_OTROS_ARQUITECTO =
+    QStringLiteral("SELECT * FROM OTROS WHERE Codigo_Cli = ? AND UCASE(Categoria) = 'ARQUITECTO'");

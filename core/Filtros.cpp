@@ -134,3 +134,30 @@ FiltroTeclas* instalarFiltroNIF(QLineEdit* campo)
 {
     return new FiltroTeclas(campo, [](int tecla, const QString& actual) { return admitirTeclaNIF(tecla, actual); });
 }
+
+namespace {
+
+class PuntoComoComa : public QObject {
+public:
+    explicit PuntoComoComa(QLineEdit* campo) : QObject(campo), m_campo(campo) { campo->installEventFilter(this); }
+
+protected:
+    bool eventFilter(QObject*, QEvent* e) override
+    {
+        if (e->type() != QEvent::KeyPress || static_cast<QKeyEvent*>(e)->text() != QLatin1String("."))
+            return false;
+        QString resto = m_campo->text();
+        if (m_campo->hasSelectedText())
+            resto.remove(m_campo->selectionStart(), m_campo->selectedText().size());
+        if (!m_campo->isReadOnly() && !resto.contains(QLatin1Char(',')))
+            m_campo->insert(QStringLiteral(","));
+        return true;
+    }
+
+private:
+    QLineEdit* m_campo;
+};
+
+}  // namespace
+
+void instalarPuntoComoComa(QLineEdit* campo) { new PuntoComoComa(campo); }

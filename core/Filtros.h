@@ -47,3 +47,7 @@ private:
 FiltroTeclas* instalarFiltroNumeros(QLineEdit* campo, Admite admite = {});
 FiltroTeclas* instalarFiltroLetrasNumeros(QLineEdit* campo, Admite admite = {});
 FiltroTeclas* instalarFiltroNIF(QLineEdit* campo);
+
+// El "." (el del teclado numérico) escribe la coma decimal si el campo aún no tiene una, y si no
+// se descarta. Se instala después del filtro de teclas del campo, para que se consulte antes.
+void instalarPuntoComoComa(QLineEdit* campo);

@@ -266,16 +266,7 @@ QString lineaAutores(qint64 pryCod)
 
 void columnasTrabajo(const Consulta& proyecto, FilaTemporal& fila)
 {
-    fila.poner(QStringLiteral("PRYNOM"), texto(proyecto, QStringLiteral("Trabajo")));
-    fila.poner(QStringLiteral("PRYDOM"), texto(proyecto, QStringLiteral("Emplazamiento")));
-    fila.poner(QStringLiteral("CLIMUN"), texto(proyecto, QStringLiteral("Municipio")));
-    fila.poner(QStringLiteral("CLIPRO"), texto(proyecto, QStringLiteral("Provincia")));
-    const QVariant cliente = proyecto.valor(QStringLiteral("Codigo_Cliente"));
-    if (!cliente.isNull()) {
-        Consulta cli(QStringLiteral("SELECT * FROM Clientes WHERE Codigo_Cli = ?"), {cliente});
-        if (cli.siguiente())
-            fila.poner(QStringLiteral("CLINOM"), nombreCompleto(cli));
-    }
+    cabeceraResumen(proyecto, fila);
     for (const char* c : {"EXPNUM", "EXPREF", "EXPFV", "EXPFFO"})
         fila.poner(QString::fromLatin1(c), texto(proyecto, QString::fromLatin1(c)));
     fila.poner(QStringLiteral("ARQ1NOM"), lineaAutores(proyecto.valor(QStringLiteral("PRYCOD")).toLongLong()));

@@ -119,9 +119,6 @@ enum class ConCodigo { No, Si };
 void columnasPersona(const Consulta& persona, const QString& prefijo, FilaTemporal& fila, ConCodigo codigo = ConCodigo::Si);
 // Una consulta ya en su primera fila; sin fila avisa con el texto dado y devuelve false.
 bool leerFila(Consulta& consulta, const QString& avisoSinFila);
-// Arquitecto (o sociedad de arquitectos) de OTROS por su código; lo usan también los bloques.
-inline const QString SQL_OTROS_ARQUITECTO =
-    QStringLiteral("SELECT * FROM OTROS WHERE Codigo_Cli = ? AND UCASE(Categoria) = 'ARQUITECTO'");
 
 // AgenciaTributaria de Config; sin fila avisa "No se ha podido cargar la ubicación de la Agencia
 // Tributaria" y la columna no se pone.

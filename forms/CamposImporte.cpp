@@ -3,7 +3,6 @@
 #include "core/Filtros.h"
 #include "core/Formato.h"
 
-#include <QKeyEvent>
 #include <QLineEdit>
 
 namespace CamposImporte {
@@ -11,28 +10,6 @@ namespace CamposImporte {
 namespace {
 
 const QString PATRON_TABLA = QStringLiteral("#,##0.00");
-
-// El "." del teclado numérico escribe la coma, si el campo aún no tiene una.
-class PuntoComoComa : public QObject {
-public:
-    explicit PuntoComoComa(QLineEdit* campo) : QObject(campo), m_campo(campo) { campo->installEventFilter(this); }
-
-protected:
-    bool eventFilter(QObject*, QEvent* e) override
-    {
-        if (e->type() != QEvent::KeyPress || static_cast<QKeyEvent*>(e)->text() != QLatin1String("."))
-            return false;
-        QString resto = m_campo->text();
-        if (m_campo->hasSelectedText())
-            resto.remove(m_campo->selectionStart(), m_campo->selectedText().size());
-        if (!m_campo->isReadOnly() && !resto.contains(QLatin1Char(',')))
-            m_campo->insert(QStringLiteral(","));
-        return true;
-    }
-
-private:
-    QLineEdit* m_campo;
-};
 
 }  // namespace
 
@@ -43,7 +20,7 @@ void instalarFiltro(QLineEdit* campo)
             return 0;
         return admitirNumeros(tecla, {.menos = true, .coma = true});
     });
-    new PuntoComoComa(campo);  // instalado después: se consulta antes
+    instalarPuntoComoComa(campo);  // instalado después: se consulta antes
 }
 
 QString ceroDelante(const QString& texto)

@@ -332,7 +332,7 @@ Campos frmDatosImpreso_B1_B3_B4::camposHistorico() const
     f.poner(QStringLiteral("IRPF"), CamposImporte::importeGuardable(ui->txt_Irpf->text()));
     f.poner(QStringLiteral("EURABON"), CamposImporte::importeGuardable(ui->txt_TotalAbonado->text()));
     f.poner(QStringLiteral("TXTABON"), recortado(ui->txt_TotalAbonado_Texto));
-    Consulta emisor(BloquesImpreso::SQL_OTROS_ARQUITECTO, {codigoEmisor()});
+    Consulta emisor(SQL_OTROS_ARQUITECTO, {codigoEmisor()});
     if (BloquesImpreso::leerFila(emisor, AVISO_EMISOR))
         BloquesImpreso::columnasPersona(emisor, QStringLiteral("ARQ"), f);
     BloquesImpreso::columnaAgenciaTributaria(f);
@@ -360,7 +360,7 @@ void frmDatosImpreso_B1_B3_B4::escribirTemporal()
 {
     FilaTemporal f;
     {
-        Consulta emisor(BloquesImpreso::SQL_OTROS_ARQUITECTO, {codigoEmisor()});
+        Consulta emisor(SQL_OTROS_ARQUITECTO, {codigoEmisor()});
         if (BloquesImpreso::leerFila(emisor, AVISO_EMISOR))
             BloquesImpreso::columnasPersona(emisor, QStringLiteral("ARQ1"), f, BloquesImpreso::ConCodigo::No);
     }

@@ -31,7 +31,7 @@ protected:
     BloquesImpreso::FilaTemporal columnas(Destino destino) const override;
     void buscarPerceptor() override;
     PeticionSelector peticionPagador() const override;
-    QString sqlPerceptor() const override { return BloquesImpreso::SQL_OTROS_ARQUITECTO; }
+    QString sqlPerceptor() const override { return SQL_OTROS_ARQUITECTO; }
     QString sqlPagador() const override { return QStringLiteral("SELECT * FROM Clientes WHERE Codigo_Cli = ?"); }
 
 private:

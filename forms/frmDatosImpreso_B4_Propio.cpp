@@ -58,7 +58,7 @@ QString frmDatosImpreso_B4_Propio::sqlPerceptor() const
 {
     const QString tipo = ui->txt_TipoPerceptor->text().trimmed();
     if (tipo == QLatin1String("AR"))
-        return BloquesImpreso::SQL_OTROS_ARQUITECTO;
+        return SQL_OTROS_ARQUITECTO;
     if (tipo == QLatin1String("AT"))
         return QStringLiteral("SELECT * FROM OTROS WHERE Codigo_Cli = ? AND UCASE(Categoria) = 'ARQUITECTO TECNICO'");
     if (tipo == QLatin1String("CO"))

@@ -27,7 +27,7 @@ protected:
     void buscarPerceptor() override;
     PeticionSelector peticionPagador() const override;
     QString sqlPerceptor() const override;
-    QString sqlPagador() const override { return BloquesImpreso::SQL_OTROS_ARQUITECTO; }
+    QString sqlPagador() const override { return SQL_OTROS_ARQUITECTO; }
     void borrarPerceptor() override;
     bool validarImportes() override;
     void cargarCampos(const Consulta& fila) override;

@@ -88,7 +88,7 @@ void frmDatosImpreso_Certificado::cargarCampos(const Consulta& c)
     const QVariant codigo = c.valor(QStringLiteral("CodArq"));
     if (codigo.isNull())
         return;
-    Consulta arq(BloquesImpreso::SQL_OTROS_ARQUITECTO, {codigo});
+    Consulta arq(SQL_OTROS_ARQUITECTO, {codigo});
     ui->txt_NomArq->setText(arq.siguiente() ? BloquesImpreso::nombreCompleto(arq) : QString());
 }
 
@@ -112,7 +112,7 @@ bool frmDatosImpreso_Certificado::validarPropios()
 
 void frmDatosImpreso_Certificado::escribirTemporal()
 {
-    Consulta arq(BloquesImpreso::SQL_OTROS_ARQUITECTO, {ui->txt_CodArq->text().trimmed().toLongLong()});
+    Consulta arq(SQL_OTROS_ARQUITECTO, {ui->txt_CodArq->text().trimmed().toLongLong()});
     if (!arq.siguiente()) {
         Mensajes::aviso(QStringLiteral("No se han podido cargar los datos del arquitecto emisor del certificado"));
         return;

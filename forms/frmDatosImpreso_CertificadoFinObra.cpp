@@ -78,7 +78,7 @@ Personas arquitectosDe(const QString& tabla, qint64 pryCod)
     while (c.siguiente()) {
         if (c.nulo(QStringLiteral("Codigo_Arq")))
             continue;
-        Consulta arq(BloquesImpreso::SQL_OTROS_ARQUITECTO, {c.valor(QStringLiteral("Codigo_Arq"))});
+        Consulta arq(SQL_OTROS_ARQUITECTO, {c.valor(QStringLiteral("Codigo_Arq"))});
         if (!arq.siguiente())
             continue;
         p.nombres << BloquesImpreso::nombreCompleto(arq);

@@ -3,31 +3,8 @@
 #include "core/modFunciones.h"
 #include "ui_frmAddModCosteReferencia.h"
 
-#include <QKeyEvent>
 
 namespace {
-
-// Coeficientes: el "." se escribe como ","; una "," como mucho; lo demás, cifras.
-class FiltroPuntoComa : public QObject {
-public:
-    explicit FiltroPuntoComa(QLineEdit* campo) : QObject(campo), m_campo(campo) { campo->installEventFilter(this); }
-
-protected:
-    bool eventFilter(QObject*, QEvent* e) override
-    {
-        if (e->type() != QEvent::KeyPress || static_cast<QKeyEvent*>(e)->text() != QLatin1String("."))
-            return false;
-        QString resto = m_campo->text();
-        if (m_campo->hasSelectedText())
-            resto.remove(m_campo->selectionStart(), m_campo->selectedText().size());
-        if (!resto.contains(QLatin1Char(',')))
-            m_campo->insert(QStringLiteral(","));
-        return true;
-    }
-
-private:
-    QLineEdit* m_campo;
-};
 
 void prepararCoeficiente(QLineEdit* campo)
 {
@@ -36,7 +13,7 @@ void prepararCoeficiente(QLineEdit* campo)
             return 0;
         return admitirNumeros(tecla, {.coma = true});
     });
-    new FiltroPuntoComa(campo);  // se consulta antes que el anterior
+    instalarPuntoComoComa(campo);  // se consulta antes que el anterior
     FichaRegistro::alSalir(campo, [campo] {
         QString t = campo->text().trimmed();
         if (t.isEmpty())

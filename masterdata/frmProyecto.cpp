@@ -19,8 +19,6 @@ namespace {
 
 const QString FORMULARIO = QStringLiteral("frmProyecto");
 const QString PATRON_PORCENTAJE = QStringLiteral("###0.00");
-const QString SQL_ARQUITECTO =
-    QStringLiteral("SELECT * FROM OTROS WHERE UCASE(Categoria) = 'ARQUITECTO' AND Codigo_Cli = ?");
 
 // Nombre completo de una fila de OTROS, Clientes o Representantes.
 QString nombreDe(const Consulta& c) { return (c.texto(QStringLiteral("Nombre_Cli")) + QLatin1Char(' ') + c.texto(QStringLiteral("Ape_Cli"))).trimmed(); }
@@ -322,7 +320,7 @@ void frmProyecto::cargarDatosProyecto()
         }
         // Redactor del estudio de seguridad y salud.
         if (!p.nulo(QStringLiteral("Codigo_SeguridadSalud"))) {
-            Consulta s(SQL_ARQUITECTO, {p.valor(QStringLiteral("Codigo_SeguridadSalud"))});
+            Consulta s(SQL_OTROS_ARQUITECTO, {p.valor(QStringLiteral("Codigo_SeguridadSalud"))});
             if (!s.siguiente()) {
                 Mensajes::aviso(QStringLiteral("No se han podido cargar los datos del coordinador de seguridad y salud"));
             } else {
@@ -334,7 +332,7 @@ void frmProyecto::cargarDatosProyecto()
         {
             Consulta l(QStringLiteral("SELECT * FROM Arquitectos_Proyecto WHERE PryCod = ? ORDER BY rowid"), {PryCod});
             while (l.siguiente()) {
-                Consulta a(SQL_ARQUITECTO, {l.valor(QStringLiteral("Codigo_Arq"))});
+                Consulta a(SQL_OTROS_ARQUITECTO, {l.valor(QStringLiteral("Codigo_Arq"))});
                 if (!a.siguiente()) {
                     Mensajes::aviso(QStringLiteral("No se han podido obtener los datos de uno de los arquitectos asociado al proyecto"));
                     continue;
@@ -354,7 +352,7 @@ void frmProyecto::cargarDatosProyecto()
             Consulta l(QStringLiteral("SELECT * FROM Autores_Proyecto WHERE PryCod = ? ORDER BY rowid"), {PryCod});
             QString nombres;
             while (l.siguiente()) {
-                Consulta a(SQL_ARQUITECTO, {l.valor(QStringLiteral("Codigo_Arq"))});
+                Consulta a(SQL_OTROS_ARQUITECTO, {l.valor(QStringLiteral("Codigo_Arq"))});
                 if (!a.siguiente()) {
                     Mensajes::aviso(QStringLiteral("No se han podido obtener los datos de uno de los arquitectos autores del proyecto"));
                     continue;
@@ -382,7 +380,7 @@ void frmProyecto::cargarDatosProyecto()
         auto agregar = [&](const QString& campo, bool sociedad) {
             if (cfg.nulo(campo))
                 return;
-            Consulta a(SQL_ARQUITECTO, {cfg.valor(campo)});
+            Consulta a(SQL_OTROS_ARQUITECTO, {cfg.valor(campo)});
             if (a.siguiente())
                 agregarFilaArquitecto(a.valor(QStringLiteral("Codigo_Cli")).toLongLong(), nombreDe(a),
                                       a.texto(QStringLiteral("NumColegiado")), QString(),

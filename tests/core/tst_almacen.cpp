@@ -318,6 +318,26 @@ private slots:
         QCOMPARE(m.contenidoViejo + m.contenidoNuevo, 4);
     }
 
+    // Una copia nueva al mismo destino se lleva los restos a medias que dejó un proceso matado;
+    // los de otros destinos no son suyos y se quedan.
+    void copiaBorraRestosAbandonados()
+    {
+        EntornoPrueba e;
+        const QString destino = e.directorio() + QStringLiteral("/copia.mee");
+        const QStringList suyos = {destino + ".parcial-1a2b3c4d", destino + ".parcial-1a2b3c4d-journal"};
+        const QString ajeno = e.directorio() + QStringLiteral("/otra.mee.parcial-5e6f7a8b");
+        for (const QString& f : suyos + QStringList{ajeno}) {
+            QFile r(f);
+            QVERIFY(r.open(QIODevice::WriteOnly));
+            r.write("a medias");
+        }
+        Almacen::copiarBaseDatos(e.ficheroBD(), destino);
+        QCOMPARE(integridad(destino), QStringLiteral("ok"));
+        for (const QString& f : suyos)
+            QVERIFY2(!QFile::exists(f), qPrintable(f));
+        QVERIFY(QFile::exists(ajeno));
+    }
+
     // inicio.ini tal como lo deja un editor de textos: se lee, y al escribir una clave el fichero
     // sigue entero en su codificación (o pasa entero a UTF-8 si el valor no cabe en ella).
     void ini_codificaciones_data()
