@@ -273,7 +273,7 @@ void frmMenu::mnu_Indice_Click()
         const QString ayuda = Rutas::enPrograma(QStringLiteral("ayuda/index.html"));
         const int r = Sistema::abrirDocumento(ayuda);
         if (r == 31)
-            avisarSinProgramaQueLoAbra(ayuda, QStringLiteral("la ayuda"), FORMULARIO, QStringLiteral("mnu_Indice_Click"));
+            avisarSinProgramaQueLoAbra(ayuda, {.documento = QStringLiteral("la ayuda")}, FORMULARIO, QStringLiteral("mnu_Indice_Click"));
         else if (r < 33)
             Mensajes::aviso(QStringLiteral("No se ha podido mostrar la ayuda. Por favor, inténtelo de nuevo"));
     });
