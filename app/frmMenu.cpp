@@ -3,6 +3,7 @@
 #include "app/Aplicacion.h"
 #include "app/CMdiBackground.h"
 #include "app/frmAyudaIconos.h"
+#include "contracts/frmContratos.h"
 #include "core/Documentos.h"
 #include "core/Iconos.h"
 #include "core/modFunciones.h"
@@ -185,7 +186,7 @@ void frmMenu::habilitarEntradas()
     ui->mnu_Configuracion->setEnabled(frmConfiguracion::disponible());
     ui->mnu_RealizarCopia->setEnabled(true);
     ui->mnu_RestaurarCopia->setEnabled(true);
-    ui->mnu_Contrato->setEnabled(false);
+    ui->mnu_Contrato->setEnabled(true);
     ui->mnu_Editor->setEnabled(false);
 }
 
@@ -246,7 +247,10 @@ void frmMenu::mnu_B4_Propio_Click() { abrirListaImpreso(QStringLiteral("mnu_B4_P
 void frmMenu::mnu_ComunicadoDireccionCoordinador_Click() { abrirListaImpreso(QStringLiteral("mnu_ComunicadoDireccionCoordinador")); }
 void frmMenu::mnu_Certificado_Click() { abrirListaImpreso(QStringLiteral("mnu_Certificado")); }
 
-void frmMenu::mnu_Contrato_Click() {}
+void frmMenu::mnu_Contrato_Click()
+{
+    guardia(FORMULARIO, QStringLiteral("mnu_Contrato_Click"), [&] { frmContratos::abrir(); });
+}
 
 void frmMenu::mnu_Incompatibilidades_Click()
 {
@@ -273,7 +277,7 @@ void frmMenu::mnu_Indice_Click()
         const QString ayuda = Rutas::enPrograma(QStringLiteral("ayuda/index.html"));
         const int r = Sistema::abrirDocumento(ayuda);
         if (r == 31)
-            avisarSinProgramaQueLoAbra(ayuda, QStringLiteral("la ayuda"), FORMULARIO, QStringLiteral("mnu_Indice_Click"));
+            avisarSinProgramaQueLoAbra(ayuda, {.documento = QStringLiteral("la ayuda")}, FORMULARIO, QStringLiteral("mnu_Indice_Click"));
         else if (r < 33)
             Mensajes::aviso(QStringLiteral("No se ha podido mostrar la ayuda. Por favor, inténtelo de nuevo"));
     });

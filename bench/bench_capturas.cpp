@@ -1,8 +1,11 @@
 // Capturas de la ventana principal a 1366×768 para mirarlas: la lista de un impreso, la ficha del
-// proyecto y el menú "Ventana" con las pantallas abiertas. Uso: bench_capturas carpeta
+// proyecto, el menú "Ventana" con las pantallas abiertas, y el registro de contratos con el alta de
+// un documento. Uso: bench_capturas carpeta
 // (mejor bajo xvfb-run -s '-screen 0 1366x768x24'; sin pantalla sirve QT_QPA_PLATFORM=offscreen).
 #include "app/Aplicacion.h"
 #include "app/frmMenu.h"
+#include "contracts/frmAddModContrato.h"
+#include "contracts/frmContratos.h"
 #include "core/BaseDatos.h"
 #include "core/Fichas.h"
 #include "core/Pantallas.h"
@@ -45,6 +48,11 @@ int main(int argc, char** argv)
     {
         UsoConexion uso;
         ejecutar(QStringLiteral("INSERT INTO Clientes (Codigo_Cli, Nombre_Cli, Ape_Cli, NIF) VALUES (1, 'Íñigo', 'Núñez O''Brien', '12345678Z')"));
+        for (const char* nombre : {"Nota de encargo García", "Encargo Bodegas Ontañón"})
+            ejecutar(QStringLiteral("INSERT INTO Contratos (Nombre, RutaDocumento, TipoDocumento, PlantillaEmpleada, EsPlantilla) "
+                                    "VALUES (?, ?, '1', '[Plantilla] Nota de encargo', 0)"),
+                     {QString::fromUtf8(nombre), QStringLiteral("/home/estudio/Contratos/2024/")
+                                                     + QString::fromUtf8(nombre).remove(QLatin1Char(' ')) + QStringLiteral(".doc")});
         for (int i = 1; i <= 30; ++i) {
             ejecutar(QStringLiteral("INSERT INTO Proyectos_A (PryCod, EXPNUM, Trabajo, Municipio, Provincia, EXPFV) VALUES (?, ?, ?, ?, ?, ?)"),
                      {i, QStringLiteral("2024-%1").arg(100000 + i), QStringLiteral("Rehabilitación de edificio de viviendas nº %1").arg(i),
@@ -78,5 +86,13 @@ int main(int argc, char** argv)
     ventana->hide();
     fondo.save(carpeta + QStringLiteral("/principal-menu-ventana.png"));
     std::printf("%s\n", qPrintable(carpeta + QStringLiteral("/principal-menu-ventana.png")));
+
+    for (QWidget* w : Pantallas::cargadas())
+        if (w != menu)
+            Pantallas::descargar(w);
+    frmContratos::abrir();
+    guardar(menu, carpeta + QStringLiteral("/principal-contratos.png"));
+    frmAddModContrato::alta(QStringLiteral("1"));
+    guardar(menu, carpeta + QStringLiteral("/principal-contrato-alta.png"));
     return 0;
 }

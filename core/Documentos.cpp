@@ -26,15 +26,37 @@ void cargarPDF(const QString& ruta, QWidget*)
     escribirLog(ErrorPrograma(0, QString()), NOMBRE_PROGRAMA, QStringLiteral("modFunciones"), QStringLiteral("cargarPDF"), 0, Mostrar::Si);
 }
 
-void avisarSinProgramaQueLoAbra(const QString& ruta, const QString& tipo, const QString& formulario, const QString& procedimiento)
+void avisarSinProgramaQueLoAbra(const QString& ruta, const AvisosApertura& avisos, const QString& formulario,
+                                const QString& procedimiento)
 {
     const QString nativa = QDir::toNativeSeparators(QFileInfo(ruta).absoluteFilePath());
     const QString extension = QFileInfo(ruta).suffix().toLower();
-    Mensajes::aviso(QStringLiteral("No se ha encontrado en su equipo ningún programa que abra los ficheros de tipo '*.%1', por lo que no se "
-                                   "ha podido mostrar %2.").arg(extension, tipo)
-                    + QStringLiteral("\n\n") + QStringLiteral("El fichero está en:") + QStringLiteral("\n") + nativa + QStringLiteral("\n\n")
+    const QString primera = !avisos.sinPrograma.isEmpty()
+        ? avisos.sinPrograma
+        : QStringLiteral("No se ha encontrado en su equipo ningún programa que abra los ficheros de tipo '*.%1', por lo que no se "
+                         "ha podido mostrar %2.").arg(extension, avisos.documento);
+    Mensajes::aviso(primera + QStringLiteral("\n\n") + QStringLiteral("El fichero está en:") + QStringLiteral("\n") + nativa
+                    + QStringLiteral("\n\n")
                     + QStringLiteral("Puede abrirlo desde esa carpeta, o copiarlo a un ordenador que tenga un programa para ese tipo de ficheros."));
-    escribirLog(ErrorPrograma(31, QString()),
-                QStringLiteral("[Error 31]: Ningún programa del equipo abre los ficheros de tipo '*.%1'; el fichero está en %2").arg(extension, nativa),
-                formulario, procedimiento, 0, Mostrar::No);
+    const QString comentario = !avisos.comentarioSinPrograma.isEmpty()
+        ? avisos.comentarioSinPrograma
+        : QStringLiteral("[Error 31]: Ningún programa del equipo abre los ficheros de tipo '*.%1'; el fichero está en %2").arg(extension, nativa);
+    escribirLog(ErrorPrograma(31, QString()), comentario, formulario, procedimiento, 0, Mostrar::No);
+}
+
+bool abrirConSuPrograma(const QString& ruta, const AvisosApertura& avisos, const QString& formulario, const QString& procedimiento)
+{
+    const int resultado = Sistema::abrirDocumento(ruta);
+    if (resultado > 32)
+        return true;
+    if (resultado == 31) {
+        avisarSinProgramaQueLoAbra(ruta, avisos, formulario, procedimiento);
+    } else if (resultado == 2 && !avisos.noEncontrado.isEmpty()) {
+        Mensajes::aviso(avisos.noEncontrado);
+        escribirLog(ErrorPrograma(2, QString()), avisos.comentarioNoEncontrado, formulario, procedimiento, 0, Mostrar::No);
+    } else {
+        escribirLog(ErrorPrograma(resultado, QStringLiteral("No se ha podido abrir el documento ") + QDir::toNativeSeparators(ruta)),
+                    NOMBRE_PROGRAMA, formulario, procedimiento, 0, Mostrar::Si);
+    }
+    return false;
 }

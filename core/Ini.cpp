@@ -208,12 +208,16 @@ bool escribirAjuste(const QString& seccion, const QString& clave, const QString&
     return escribirIni(Rutas::ficheroIni(), seccion, clave, valor);
 }
 
-QString leerRutaBD()
+QString leerRutaAjuste(const QString& seccion, const QString& clave)
 {
-    const QString ruta = leerAjuste(QStringLiteral("BD"), QStringLiteral("ruta")).trimmed();
+    const QString ruta = leerAjuste(seccion, clave).trimmed();
     if (ruta.isEmpty())
         return ruta;
-    // Una ruta relativa ("datos/") cuenta desde el directorio del programa: la carpeta se puede
-    // copiar o mover entera. La que escribe el asistente es absoluta y sirve tal cual.
-    return Rutas::conSeparadorFinal(QDir::isRelativePath(ruta) ? QDir::toNativeSeparators(Rutas::enPrograma(ruta)) : ruta);
+    return QDir::isRelativePath(ruta) ? Rutas::enPrograma(ruta) : Rutas::nativa(ruta);
+}
+
+QString leerRutaBD()
+{
+    // La que escribe el asistente es absoluta; la de la compilación, "datos/", relativa.
+    return Rutas::conSeparadorFinal(leerRutaAjuste(QStringLiteral("BD"), QStringLiteral("ruta")));
 }

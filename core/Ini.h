@@ -15,6 +15,11 @@ bool escribirIni(const QString& fichero, const QString& seccion, const QString& 
 QString leerAjuste(const QString& seccion, const QString& clave);
 bool escribirAjuste(const QString& seccion, const QString& clave, const QString& valor);
 
+// Ruta guardada en un ajuste, con el separador de la plataforma. Una ruta relativa ("datos/",
+// "Contratos/Nota_encargo.doc") cuenta desde el directorio del programa, que así se puede copiar o
+// mover entero; una absoluta sirve tal cual. "" si no hay ninguna.
+QString leerRutaAjuste(const QString& seccion, const QString& clave);
+
 // Carpeta de la base de datos guardada en [BD] ruta, con el separador de la plataforma y siempre
 // con separador final (se añade si falta); "" si no hay ninguna.
 QString leerRutaBD();

@@ -4,7 +4,11 @@
 
 #include <QAbstractItemView>
 #include <QComboBox>
+#include <QHeaderView>
+#include <QTreeView>
 #include <QTreeWidget>
+
+#include <algorithm>
 
 static_assert(ROL_CLAVE_FILA == Qt::UserRole);
 
@@ -68,4 +72,17 @@ int getListIndex(const QComboBox* combo, const QString& texto)
         }
     });
     return indice;
+}
+
+void ajustarColumnas(QTreeView* lista, const QList<int>& anchosDiseno)
+{
+    QHeaderView* cabecera = lista->header();
+    cabecera->setResizeContentsPrecision(300);
+    const bool hayFilas = lista->model() && lista->model()->rowCount() > 0;
+    for (int i = 0; i < cabecera->count(); ++i) {
+        const int diseno = anchosDiseno.value(i, 0);
+        const int titulo = cabecera->sectionSizeHint(i);
+        const int contenido = hayFilas ? static_cast<QAbstractItemView*>(lista)->sizeHintForColumn(i) : 0;
+        lista->setColumnWidth(i, std::max(diseno, std::min(ANCHO_MAXIMO_COLUMNA, std::max(titulo, contenido))));
+    }
 }

@@ -1,9 +1,11 @@
 #pragma once
+#include <QList>
 #include <QString>
 
 class QAbstractItemModel;
 class QAbstractItemView;
 class QComboBox;
+class QTreeView;
 class QTreeWidget;
 class QTreeWidgetItem;
 
@@ -23,6 +25,12 @@ bool estaEnListview(const QTreeWidget* lista, const QString& clave);
 int getPosicionElementoEnLista(const QAbstractItemModel* modelo, const QString& clave);
 int getPosicionElementoEnLista(const QAbstractItemView* lista, const QString& clave);
 int getPosicionElementoEnLista(const QTreeWidget* lista, const QString& clave);
+
+// Cada columna, al menos de su ancho de diseño (en píxeles, si lo tiene) y nunca más estrecha que
+// su título o que lo que hay en las primeras filas: ni "Colegiad" ni "2024-…". Un texto muy largo
+// no se lleva la lista: el ancho por contenido no pasa de ANCHO_MAXIMO_COLUMNA.
+constexpr int ANCHO_MAXIMO_COLUMNA = 420;
+void ajustarColumnas(QTreeView* lista, const QList<int>& anchosDiseno = {});
 
 // Índice, desde 0, del primer elemento igual en mayúsculas ("Leon" encuentra "LEON", no "León"); -1 si no hay.
 int getListIndex(const QComboBox* combo, const QString& texto);

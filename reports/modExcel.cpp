@@ -553,12 +553,8 @@ int escribirExcel(const QString& fichero, const QString& tabla, const modInforme
         filas = n;
 
         // Se abre para el usuario, que es quien lo cierra.
-        const int r = Sistema::abrirDocumento(fichero);
         // El listado ya está escrito: sin programa que lo abra se dice dónde está, no que falta.
-        if (r == 31)
-            avisarSinProgramaQueLoAbra(fichero, QStringLiteral("el listado"), QStringLiteral("modExcel"), QStringLiteral("escribirExcel"));
-        else if (r <= 32)
-            lanzarError(r, QStringLiteral("No se ha podido abrir el documento ") + QDir::toNativeSeparators(fichero));
+        abrirConSuPrograma(fichero, {.documento = QStringLiteral("el listado")}, MODULO, QStringLiteral("escribirExcel"));
     });
     return filas;
 }

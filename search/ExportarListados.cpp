@@ -136,21 +136,12 @@ void ofrecerAbrirPDF(const QString& fichero, const QString& formulario, const QS
 {
     if (Mensajes::pregunta(QStringLiteral("¿Desea abrir el documento creado?")) != Mensajes::Respuesta::Si)
         return;
-    const int resultado = Sistema::abrirDocumento(fichero);
-    if (resultado > 32)
-        return;
-    if (resultado == 31) {
-        avisarSinProgramaQueLoAbra(fichero, QStringLiteral("el documento"), formulario, procedimiento);
-    } else if (resultado == 2) {
-        Mensajes::aviso(QStringLiteral("Documento PDF no encontrado. Ha podido existir un error durante su generación") + SALTO
-                        + QStringLiteral("Por favor, genere otra vez el documento e inténtelo de nuevo"));
-        escribirLog(ErrorPrograma(2, QString()),
-                    QStringLiteral("[Error 2]: Documento PDF no encontrado. Ha podido existir un error durante su generación o bien haberlo borrado"),
-                    formulario, procedimiento, 0, Mostrar::No);
-    } else {
-        escribirLog(ErrorPrograma(resultado, QStringLiteral("No se ha podido abrir el documento")), NOMBRE_PROGRAMA, formulario,
-                    procedimiento, 0, Mostrar::Si);
-    }
+    abrirConSuPrograma(fichero,
+                       {.noEncontrado = QStringLiteral("Documento PDF no encontrado. Ha podido existir un error durante su generación") + SALTO
+                                        + QStringLiteral("Por favor, genere otra vez el documento e inténtelo de nuevo"),
+                        .comentarioNoEncontrado = QStringLiteral("[Error 2]: Documento PDF no encontrado. Ha podido existir un error "
+                                                                 "durante su generación o bien haberlo borrado")},
+                       formulario, procedimiento);
 }
 
 void exportarListadoPDF(const PantallaLlamadora& l, int tipo)

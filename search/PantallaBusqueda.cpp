@@ -277,21 +277,15 @@ void PantallaBusqueda::crearEncabezadosLista()
     m_tamano = QSize(qMax(w, 600), qMax(h, 360));
 }
 
-// Cada columna, al menos de su ancho de diseño y nunca más estrecha que su título o que lo que
-// hay en las primeras filas: ni "Colegiad" ni "2024-…". Un texto muy largo no se lleva la lista.
+// Cada columna a la medida de su título y de su contenido, al menos de su ancho de diseño.
 void PantallaBusqueda::ajustarColumnas()
 {
     if (!m_descripcion)
         return;
-    constexpr int ANCHO_MAXIMO = 420;
-    QHeaderView* cabecera = lvw_Resultados->header();
-    cabecera->setResizeContentsPrecision(300);
-    for (int i = 0; i < m_descripcion->columnas.size(); ++i) {
-        const int diseno = m_descripcion->columnas.at(i).twips / 15;
-        const int titulo = cabecera->sectionSizeHint(i);
-        const int contenido = m_modelo->rowCount() > 0 ? static_cast<QAbstractItemView*>(lvw_Resultados)->sizeHintForColumn(i) : 0;
-        lvw_Resultados->setColumnWidth(i, std::max(diseno, std::min(ANCHO_MAXIMO, std::max(titulo, contenido))));
-    }
+    QList<int> diseno;
+    for (const Columna& c : m_descripcion->columnas)
+        diseno << c.twips / 15;
+    ::ajustarColumnas(lvw_Resultados, diseno);
 }
 
 QSize PantallaBusqueda::sizeHint() const { return m_tamano; }
