@@ -1,56 +1,19 @@
 // Impresos A1 y B2 por su pantalla: hojas de arquitectos, bloques de cliente y sociedad,
 // histórico, pregunta al salir y vista previa.
-#include "app/frmMenu.h"
-#include "core/modFunciones.h"
-#include "forms/AbrirImpreso.h"
-#include "forms/DatosImpreso.h"
 #include "reports/frmVisorCrystal.h"
-#include "reports/modInformes.h"
 #include "search/frmBuscar.h"
-#include "core/Fichas.h"
-#include "tests/comun/EntornoPrueba.h"
-#include "tests/pantallas/PruebaPantallas.h"
+#include "tests/pantallas/PruebaImpresos.h"
 
-#include <QAction>
-#include <QLineEdit>
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QRadioButton>
-#include <QSqlRecord>
-#include <QtTest>
 
-using Mensajes::Respuesta;
+using namespace impresos;
 
 namespace {
 
 const QString SIN_PROYECTO = QStringLiteral("No se han podido cargar los datos del proyecto asociado al impreso");
 const QString NO_HALLADO = QStringLiteral("No se ha podido hallar el impreso seleccionado para su modificación");
-
-// Datos de partida: práctica en "Villanueva", un cliente particular (1), una empresa (2), un
-// representante (1), seis arquitectos (11 a 16) y una sociedad (20).
-void poblar()
-{
-    UsoConexion uso;
-    ejecutar(QStringLiteral("DELETE FROM Config"));
-    ejecutar(QStringLiteral("INSERT INTO Config (Municipio, IVA, IRPF) VALUES ('Villanueva', 16, 15)"));
-    ejecutar(QStringLiteral("INSERT INTO Clientes (Codigo_Cli, Nombre_Cli, Ape_Cli, NIF, Dirección_Cli, Municipio_Cli, Provincia_Cli, "
-                            "Tfno_Cli, cp, Correo_Cli, esR) VALUES "
-                            "(1, 'Lucía', 'Ferrer Gil', '12345678Z', 'C/ Mayor 3', 'Villanueva', 'Huesca', '974000001', '22001', "
-                            "'lucia@correo.es', -1), "
-                            "(2, 'Construcciones', 'Ebro SA', 'A22000001', 'Pol. Sur 7', 'Monzón', 'Huesca', '974000002', '22400', "
-                            "'ebro@correo.es', 1)"));
-    ejecutar(QStringLiteral("INSERT INTO Representantes (Codigo_Cli, Nombre_Cli, Ape_Cli, NIF, Dirección_Cli, Municipio_Cli, "
-                            "Provincia_Cli, Tfno_Cli, cp, Correo_Cli, Representacion) VALUES "
-                            "(1, 'Ana', 'Ebro Lax', '22222222J', 'C/ Río 1', 'Monzón', 'Huesca', '600000001', '22400', "
-                            "'ana@correo.es', 'Administradora única')"));
-    for (int i = 1; i <= 6; ++i)
-        ejecutar(QStringLiteral("INSERT INTO OTROS (Codigo_Cli, Categoria, esS, NumColegiado, Colegio, Nombre_Cli, Ape_Cli, "
-                                "Dirección_Cli, Municipio_Cli) VALUES (?, 'Arquitecto', 0, ?, 'COA Aragón', ?, ?, ?, ?)"),
-                 {10 + i, 100 + i, QStringLiteral("Arq%1").arg(i), QStringLiteral("Apellido%1").arg(i),
-                  QStringLiteral("Calle %1").arg(i), QStringLiteral("Ciudad%1").arg(i)});
-    ejecutar(QStringLiteral("INSERT INTO OTROS (Codigo_Cli, Categoria, esS, NumColegiado, Nombre_Cli, Dirección_Cli, Municipio_Cli) "
-                            "VALUES (20, 'ARQUITECTO', 1, 777, 'Estudio Norte SLP', NULL, 'Jaca')"));
-}
 
 // Proyecto con cliente, representante, sociedad y n arquitectos (más una sociedad propia que no cuenta).
 qint64 proyecto(int arquitectos, const QVariant& cliente = 1, const QVariant& representante = QVariant(),
@@ -70,25 +33,6 @@ qint64 proyecto(int arquitectos, const QVariant& cliente = 1, const QVariant& re
     return cod;
 }
 
-QList<QVariantMap> filas(const QString& sql, const QVariantList& valores = {})
-{
-    UsoConexion uso;
-    QList<QVariantMap> r;
-    for (Consulta c(sql, valores); c.siguiente();) {
-        const QSqlRecord rec = c.query().record();
-        r << QVariantMap();
-        for (int i = 0; i < rec.count(); ++i)
-            r.last().insert(rec.fieldName(i), c.valor(i));
-    }
-    return r;
-}
-
-void sql(const QString& q, const QVariantList& v = {})
-{
-    UsoConexion uso;
-    ejecutar(q, v);
-}
-
 // Una fila del histórico; devuelve su clave.
 qint64 historico(const Campos& c)
 {
@@ -99,72 +43,41 @@ qint64 historico(const Campos& c)
 
 QList<QVariantMap> a1b2() { return filas(QStringLiteral("SELECT * FROM A1B2 ORDER BY rowid")); }
 
-QString t(const QVariantMap& m, const char* c) { return m.value(QString::fromLatin1(c)).toString(); }
-
-template <class T>
-T* control(QWidget* w, const char* nombre)
-{
-    T* c = w->findChild<T*>(QString::fromLatin1(nombre));
-    if (!c)
-        qFatal("falta el control %s", nombre);
-    return c;
-}
-
-DatosImpreso* abrir(const QString& tipo, const QString& operacion, qint64 clave = 0)
-{
-    if (!Fichas::abrir({.tabla = QStringLiteral("DATOSA1B2"), .tipoImpreso = tipo, .operacion = operacion, .codigo = clave}))
-        return nullptr;
-    const QList<QWidget*> l = Pantallas::cargadas();
-    for (auto it = l.rbegin(); it != l.rend(); ++it)
-        if (auto* f = qobject_cast<DatosImpreso*>(*it))
-            return f;
-    return nullptr;
-}
-
-// Lo que devuelve el selector de proyectos, escrito por nombre como lo hará él.
-void elegirProyecto(QWidget* f, qint64 codigo, const QString& nombre = QStringLiteral("Vivienda unifamiliar"))
-{
-    control<QLineEdit>(f, "txt_CodProyecto")->setText(QString::number(codigo));
-    control<QLineEdit>(f, "txt_Proyecto")->setText(nombre);
-}
-
-void imprimir(QWidget* f)
-{
-    control<QAction>(f, "tlb_BotoneraImprimir_1")->trigger();
-    procesarEventos();
-}
-
-bool cargada(const QString& pantalla)
-{
-    for (QWidget* w : Pantallas::cargadas())
-        if (w->objectName() == pantalla)
-            return true;
-    return false;
-}
+// A1 y B2 comparten su lista; el tipo dice cuál.
+Impreso impreso(const QString& tipo) { return {QStringLiteral("DATOSA1B2"), tipo}; }
 
 }  // namespace
 
-class tst_impresos_a1b2 : public QObject {
+class tst_impresos_a1b2 : public PruebaImpresos {
     Q_OBJECT
 
-    std::unique_ptr<EntornoPrueba> m_e;
+    // Datos de partida: práctica en "Villanueva", un cliente particular (1), una empresa (2), un
+    // representante (1), seis arquitectos (11 a 16) y una sociedad (20).
+    void poblar() override
+    {
+        UsoConexion uso;
+        ejecutar(QStringLiteral("DELETE FROM Config"));
+        ejecutar(QStringLiteral("INSERT INTO Config (Municipio, IVA, IRPF) VALUES ('Villanueva', 16, 15)"));
+        ejecutar(QStringLiteral("INSERT INTO Clientes (Codigo_Cli, Nombre_Cli, Ape_Cli, NIF, Dirección_Cli, Municipio_Cli, Provincia_Cli, "
+                                "Tfno_Cli, cp, Correo_Cli, esR) VALUES "
+                                "(1, 'Lucía', 'Ferrer Gil', '12345678Z', 'C/ Mayor 3', 'Villanueva', 'Huesca', '974000001', '22001', "
+                                "'lucia@correo.es', -1), "
+                                "(2, 'Construcciones', 'Ebro SA', 'A22000001', 'Pol. Sur 7', 'Monzón', 'Huesca', '974000002', '22400', "
+                                "'ebro@correo.es', 1)"));
+        ejecutar(QStringLiteral("INSERT INTO Representantes (Codigo_Cli, Nombre_Cli, Ape_Cli, NIF, Dirección_Cli, Municipio_Cli, "
+                                "Provincia_Cli, Tfno_Cli, cp, Correo_Cli, Representacion) VALUES "
+                                "(1, 'Ana', 'Ebro Lax', '22222222J', 'C/ Río 1', 'Monzón', 'Huesca', '600000001', '22400', "
+                                "'ana@correo.es', 'Administradora única')"));
+        for (int i = 1; i <= 6; ++i)
+            ejecutar(QStringLiteral("INSERT INTO OTROS (Codigo_Cli, Categoria, esS, NumColegiado, Colegio, Nombre_Cli, Ape_Cli, "
+                                    "Dirección_Cli, Municipio_Cli) VALUES (?, 'Arquitecto', 0, ?, 'COA Aragón', ?, ?, ?, ?)"),
+                     {10 + i, 100 + i, QStringLiteral("Arq%1").arg(i), QStringLiteral("Apellido%1").arg(i),
+                      QStringLiteral("Calle %1").arg(i), QStringLiteral("Ciudad%1").arg(i)});
+        ejecutar(QStringLiteral("INSERT INTO OTROS (Codigo_Cli, Categoria, esS, NumColegiado, Nombre_Cli, Dirección_Cli, Municipio_Cli) "
+                                "VALUES (20, 'ARQUITECTO', 1, 777, 'Estudio Norte SLP', NULL, 'Jaca')"));
+    }
 
 private slots:
-    // Una sola pantalla principal para todas las pruebas; cada una cierra lo que abrió dentro.
-    void initTestCase() { modInformes::inicializarRecursos(), frmMenu::instancia(); }
-
-    void init()
-    {
-        (m_e = std::make_unique<EntornoPrueba>())->conectar();
-        poblar();
-    }
-
-    void cleanup()
-    {
-        cerrarPantallas();
-        m_e.reset();
-    }
-
     // Tres arquitectos por hoja, NumImpreso escrito en el proyecto; la sociedad propia no cuenta.
     void hojasDeArquitectos_data()
     {
@@ -178,7 +91,7 @@ private slots:
     {
         QFETCH(QList<int>, numeros);
         const qint64 cod = proyecto(int(numeros.size()));
-        DatosImpreso* f = abrir("A1", "ALTA");
+        DatosImpreso* f = abrir(impreso("A1"), "ALTA");
         elegirProyecto(f, cod);
         imprimir(f);
         QCOMPARE(m_e->textos(), QStringList());
@@ -210,7 +123,7 @@ private slots:
     {
         QFETCH(QVariant, cliente);
         QFETCH(QStringList, esperado);
-        DatosImpreso* f = abrir("A1", "ALTA");
+        DatosImpreso* f = abrir(impreso("A1"), "ALTA");
         elegirProyecto(f, proyecto(1, cliente, 1));
         imprimir(f);
         const auto r = a1b2();
@@ -233,7 +146,7 @@ private slots:
     {
         QFETCH(QString, tipo);
         QFETCH(QString, arqsoc);
-        DatosImpreso* f = abrir(tipo, "ALTA");
+        DatosImpreso* f = abrir(impreso(tipo), "ALTA");
         elegirProyecto(f, proyecto(1, 1, QVariant(), 20, "Sociedad del proyecto"));
         control<QLineEdit>(f, "txt_Lugar")->setText("Jaca");
         control<QLineEdit>(f, "txt_Fecha")->setText("1 de abril de 2008");
@@ -248,7 +161,7 @@ private slots:
     void altaCierraYAbreLista()
     {
         const qint64 cod = proyecto(2);
-        DatosImpreso* f = abrir("A1", "ALTA");
+        DatosImpreso* f = abrir(impreso("A1"), "ALTA");
         elegirProyecto(f, cod, "  Vivienda unifamiliar  ");
         control<QRadioButton>(f, "opt_No_GestionCobro")->setChecked(true);
         imprimir(f);
@@ -275,7 +188,7 @@ private slots:
         const qint64 cod = proyecto(1);
         const qint64 clave = historico({{"PRYNOM", "Vivienda unifamiliar"}, {"PRYCOD", cod}, {"OBS1NO", "X"}, {"OBS2SI", "x"},
                                         {"LUGAR_A1", "Jaca"}, {"FECHA_A1", "2 de mayo de 2008"}, {"TIPODOC", "A1"}});
-        DatosImpreso* f = abrir("A1", "MODIFICAR", clave);
+        DatosImpreso* f = abrir(impreso("A1"), "MODIFICAR", clave);
         QCOMPARE(control<QLineEdit>(f, "txt_CodProyecto")->text(), QString::number(cod));
         QVERIFY(control<QRadioButton>(f, "opt_No_AutorizaEntrega")->isChecked());  // sólo "X" elige "Sí"
         QCOMPARE(control<QLineEdit>(f, "txt_Fecha")->text(), "2 de mayo de 2008");
@@ -302,7 +215,7 @@ private slots:
         QFETCH(int, respuesta);
         QFETCH(bool, cerrada);
         QFETCH(int, historicos);
-        DatosImpreso* f = abrir("A1", "ALTA");
+        DatosImpreso* f = abrir(impreso("A1"), "ALTA");
         elegirProyecto(f, proyecto(1));
         m_e->respuestas << Respuesta(respuesta);
         Pantallas::descargar(f);
@@ -318,7 +231,7 @@ private slots:
     {
         const qint64 cod = proyecto(4);
         sql("DELETE FROM Proyectos_A WHERE PryCod = ?", {cod});
-        DatosImpreso* f = abrir("A1", "ALTA");
+        DatosImpreso* f = abrir(impreso("A1"), "ALTA");
         elegirProyecto(f, cod);
         imprimir(f);
         QCOMPARE(m_e->textos(), QStringList{SIN_PROYECTO});
@@ -332,7 +245,7 @@ private slots:
     void historicoNoHallado()
     {
         const qint64 clave = historico({{"PRYCOD", proyecto(1)}, {"PRYNOM", "P"}, {"LUGAR_B2", "Jaca"}, {"FECHA_B2", "hoy"}, {"TIPODOC", "B2"}});
-        DatosImpreso* f = abrir("B2", "MODIFICAR", clave);
+        DatosImpreso* f = abrir(impreso("B2"), "MODIFICAR", clave);
         sql("DELETE FROM datosA1B2");
         control<QLineEdit>(f, "txt_Fecha")->setText("mañana");
         imprimir(f);
@@ -346,3 +259,4 @@ private slots:
 
 PRUEBA_PANTALLAS(tst_impresos_a1b2)
 #include "tst_impresos_a1b2.moc"
+#include "moc_PruebaImpresos.cpp"

@@ -1,55 +1,26 @@
 // Impresos A3 (coste de referencia) y A2 (presentación de documentos) por su pantalla: el cálculo
 // al céntimo, las reglas de salida de los campos, el selector de costes, histórico y tabla
 // temporal con nulos, la línea de autores, el desplazamiento de la lista del A2 y sus diseños.
-#include "app/frmMenu.h"
-#include "core/Fichas.h"
-#include "core/modFunciones.h"
-#include "forms/DatosImpreso.h"
 #include "forms/frmDatosImpreso_A2.h"
 #include "forms/frmDatosImpreso_A3.h"
 #include "reports/VistaImpreso.h"
 #include "reports/frmVisorCrystal.h"
-#include "reports/modInformes.h"
 #include "search/frmBuscar.h"
-#include "search/frmBuscarSeleccionar.h"
-#include "tests/comun/EntornoPrueba.h"
-#include "tests/pantallas/PruebaPantallas.h"
+#include "tests/pantallas/PruebaImpresos.h"
 
-#include <QAction>
 #include <QCheckBox>
-#include <QLineEdit>
 #include <QMdiSubWindow>
 #include <QPushButton>
 #include <QScrollArea>
 #include <QScrollBar>
-#include <QSqlRecord>
 #include <QTabWidget>
 #include <QToolButton>
-#include <QtTest>
 
-using Mensajes::Respuesta;
+using namespace impresos;
 
 namespace {
 
 const QString FORMATO_NO_VALIDO = QStringLiteral("Formato numérico no válido.\nPor favor, revise el valor proporcionado");
-
-// Práctica en "Jaca" con su módulo; un cliente; cuatro arquitectos (11 a 14) y una sociedad (20).
-void poblar(const QVariant& modulo = 547.35)
-{
-    UsoConexion uso;
-    ejecutar(QStringLiteral("DELETE FROM Config"));
-    ejecutar(QStringLiteral("INSERT INTO Config (Municipio, Modulo, IVA, IRPF) VALUES ('Jaca', ?, 21, 15)"), {modulo});
-    ejecutar(QStringLiteral("INSERT INTO Clientes (Codigo_Cli, Nombre_Cli, Ape_Cli, esR) VALUES (1, 'Lucía', 'Ferrer Gil', -1)"));
-    for (int i = 1; i <= 4; ++i)
-        ejecutar(QStringLiteral("INSERT INTO OTROS (Codigo_Cli, Categoria, esS, NumColegiado, Nombre_Cli, Ape_Cli) "
-                                "VALUES (?, 'ARQUITECTO', 0, ?, ?, ?)"),
-                 {10 + i, 100 + i, QStringLiteral("Arq%1").arg(i), QStringLiteral("Apellido%1").arg(i)});
-    ejecutar(QStringLiteral("INSERT INTO OTROS (Codigo_Cli, Categoria, esS, NumColegiado, Nombre_Cli) "
-                            "VALUES (20, 'ARQUITECTO', 1, 777, '  Estudio Norte SLP ')"));
-    ejecutar(QStringLiteral("INSERT INTO Costes (CODIGO, TIPO, DESCRIPCION, CT, CC) VALUES "
-                            "('1.2', 'Residencial', 'Vivienda unifamiliar aislada', 1.2, 1.05), "
-                            "('3', 'Industrial', 'Nave sin uso definido', 0.6, 0.9)"));
-}
 
 // Proyecto con n arquitectos y, si se pide, la sociedad propia (con o sin su ficha en OTROS).
 qint64 proyecto(int arquitectos = 1, bool sociedadPropia = false, const QVariant& codigoSociedad = 20,
@@ -68,30 +39,6 @@ qint64 proyecto(int arquitectos = 1, bool sociedadPropia = false, const QVariant
                  {cod, codigoSociedad});
     return cod;
 }
-
-QList<QVariantMap> filas(const QString& sql, const QVariantList& valores = {})
-{
-    UsoConexion uso;
-    QList<QVariantMap> r;
-    for (Consulta c(sql, valores); c.siguiente();) {
-        const QSqlRecord rec = c.query().record();
-        r << QVariantMap();
-        for (int i = 0; i < rec.count(); ++i)
-            r.last().insert(rec.fieldName(i), c.valor(i));
-    }
-    return r;
-}
-
-template <class T = QLineEdit>
-T* control(QWidget* w, const QString& nombre)
-{
-    T* c = w->findChild<T*>(nombre);
-    if (!c)
-        qFatal("falta el control %s", qPrintable(nombre));
-    return c;
-}
-
-QString texto(QWidget* w, const QString& nombre) { return control(w, nombre)->text(); }
 
 // Teclear como el usuario (por los filtros de teclas) y salir del campo.
 void teclear(QWidget* w, const QString& nombre, const QString& t)
@@ -116,34 +63,14 @@ void escribirYSalir(QWidget* w, const QString& nombre, const QString& t)
     salir(w, nombre);
 }
 
-template <class F>
-F* abrir(const QString& tabla, const QString& operacion, qint64 clave = 0)
-{
-    if (!Fichas::abrir({.tabla = tabla, .operacion = operacion, .codigo = clave}))
-        return nullptr;
-    return Pantallas::cargada<F>();
-}
-
 frmDatosImpreso_A3* abrirA3(const QString& operacion = QStringLiteral("ALTA"), qint64 clave = 0)
 {
-    return abrir<frmDatosImpreso_A3>(QStringLiteral("DATOSA3"), operacion, clave);
+    return abrir<frmDatosImpreso_A3>({QStringLiteral("DATOSA3")}, operacion, clave);
 }
 
 frmDatosImpreso_A2* abrirA2(const QString& operacion = QStringLiteral("ALTA"), qint64 clave = 0)
 {
-    return abrir<frmDatosImpreso_A2>(QStringLiteral("DATOSA2"), operacion, clave);
-}
-
-void elegirProyecto(QWidget* f, qint64 codigo)
-{
-    control(f, QStringLiteral("txt_CodProyecto"))->setText(QString::number(codigo));
-    control(f, QStringLiteral("txt_Proyecto"))->setText(QStringLiteral("Vivienda unifamiliar"));
-}
-
-void imprimir(QWidget* f)
-{
-    control<QAction>(f, QStringLiteral("tlb_BotoneraImprimir_1"))->trigger();
-    procesarEventos();
+    return abrir<frmDatosImpreso_A2>({QStringLiteral("DATOSA2")}, operacion, clave);
 }
 
 QString n(const char* base, int i) { return QStringLiteral("%1_%2").arg(QLatin1String(base)).arg(i); }
@@ -166,38 +93,30 @@ QStringList textos(QWidget* f, const QStringList& nombres)
     return r;
 }
 
-// Textos de la primera página del informe en curso.
-QStringList textosInforme()
-{
-    QStringList r;
-    for (const TrazoInforme& t : modInformes::Informe->pagina(0).trazos)
-        if (t.tipo == TrazoInforme::Texto)
-            r << t.texto;
-    return r;
-}
-
 }  // namespace
 
-class tst_impresos_a2a3 : public QObject {
+class tst_impresos_a2a3 : public PruebaImpresos {
     Q_OBJECT
 
-    std::unique_ptr<EntornoPrueba> m_e;
+    // Práctica en "Jaca" con su módulo; un cliente; cuatro arquitectos (11 a 14) y una sociedad (20).
+    void poblar() override
+    {
+        UsoConexion uso;
+        ejecutar(QStringLiteral("DELETE FROM Config"));
+        ejecutar(QStringLiteral("INSERT INTO Config (Municipio, Modulo, IVA, IRPF) VALUES ('Jaca', ?, 21, 15)"), {547.35});
+        ejecutar(QStringLiteral("INSERT INTO Clientes (Codigo_Cli, Nombre_Cli, Ape_Cli, esR) VALUES (1, 'Lucía', 'Ferrer Gil', -1)"));
+        for (int i = 1; i <= 4; ++i)
+            ejecutar(QStringLiteral("INSERT INTO OTROS (Codigo_Cli, Categoria, esS, NumColegiado, Nombre_Cli, Ape_Cli) "
+                                    "VALUES (?, 'ARQUITECTO', 0, ?, ?, ?)"),
+                     {10 + i, 100 + i, QStringLiteral("Arq%1").arg(i), QStringLiteral("Apellido%1").arg(i)});
+        ejecutar(QStringLiteral("INSERT INTO OTROS (Codigo_Cli, Categoria, esS, NumColegiado, Nombre_Cli) "
+                                "VALUES (20, 'ARQUITECTO', 1, 777, '  Estudio Norte SLP ')"));
+        ejecutar(QStringLiteral("INSERT INTO Costes (CODIGO, TIPO, DESCRIPCION, CT, CC) VALUES "
+                                "('1.2', 'Residencial', 'Vivienda unifamiliar aislada', 1.2, 1.05), "
+                                "('3', 'Industrial', 'Nave sin uso definido', 0.6, 0.9)"));
+    }
 
 private slots:
-    void initTestCase() { modInformes::inicializarRecursos(), frmMenu::instancia(); }
-
-    void init()
-    {
-        (m_e = std::make_unique<EntornoPrueba>())->conectar();
-        poblar();
-    }
-
-    void cleanup()
-    {
-        cerrarPantallas();
-        m_e.reset();
-    }
-
     // ------------------------------------------------------------------ A3: cálculo
 
     // El producto en su orden sobre los números como se ven, redondeado sólo por el formato (la
@@ -366,12 +285,7 @@ private slots:
         QVERIFY(s);
         QCOMPARE(s->Tabla + "|" + s->tag() + "|" + s->ClaveRetorno + "|" + QString::number(s->Posicion) + "|" + s->windowTitle(),
                  "COSTES|SELECCIONAR_EN_IMPRESO_A3|FRMDATOSIMPRESOA3_USO_2|2|Buscar coste de referencia");
-        const QList<FilaResultado> lista = s->filasResultado();
-        for (int i = 0; i < lista.size(); ++i)
-            if (lista[i].clave == codigo)  // la clave de un coste es texto ("1.2"), nunca un número
-                s->seleccionarFila(i);
-        s->cmd_Seleccionar_Click();
-        procesarEventos();
+        elegir(codigo);  // la clave de un coste es texto ("1.2"), nunca un número
         QVERIFY(!s);
         QCOMPARE(textos(f, {"txt_Usos_1", "txt_Ct_1", "txt_Cc_1", "txt_Cr_1", "txt_CRef_1"}), esperado);
         QCOMPARE(texto(f, "txt_Usos_0"), "");
@@ -398,12 +312,7 @@ private slots:
         QVERIFY(s);
         QCOMPARE(s->Tabla + "|" + s->tag() + "|" + s->ClaveRetorno + "|" + s->windowTitle(),
                  "PROYECTOS_A|SELECCIONAR_EN_IMPRESO_" + impreso + "|FRMDATOSIMPRESO" + impreso + "_PROYECTO|Buscar proyecto");
-        const QList<FilaResultado> lista = s->filasResultado();
-        for (int i = 0; i < lista.size(); ++i)
-            if (lista[i].clave == QString::number(cod))
-                s->seleccionarFila(i);
-        s->cmd_Seleccionar_Click();
-        procesarEventos();
+        elegir(cod);
         QVERIFY(!s);
         QCOMPARE(textos(f, {"txt_CodProyecto", "txt_Proyecto"}), (QStringList{QString::number(cod), "Vivienda unifamiliar"}));
     }
@@ -504,7 +413,7 @@ private slots:
         QVERIFY(h[0].value("MODULO").isNull());
         QVERIFY(filas("SELECT MODULO FROM A3")[0].value("MODULO").isNull());
         // La celda del módulo queda vacía en todas las líneas, y las vacías no imprimen ceros.
-        const QStringList impreso = textosInforme();
+        const QStringList impreso = textosInforme(0);
         QVERIFY(impreso.contains("999,00") && impreso.contains("1,2500"));
         QVERIFY(!impreso.contains("0,00") && !impreso.contains("0,0000"));
     }
@@ -677,7 +586,7 @@ private slots:
                      "X||Separata de instalaciones|123|Se entrega en soporte digital");
             QVERIFY(r.value("NDOC12").isNull() && r.value("VBDOC12").toString().isEmpty());
         }
-        const QStringList impreso = textosInforme();
+        const QStringList impreso = textosInforme(0);
         QVERIFY(impreso.contains("Separata de instalaciones"));
         QVERIFY(impreso.contains("123"));
         QVERIFY(!impreso.contains("0"));  // una línea con cero ejemplares se imprime en blanco
@@ -730,7 +639,7 @@ private slots:
         DatosImpreso* f = impreso == "A2" ? static_cast<DatosImpreso*>(abrirA2()) : abrirA3();
         elegirProyecto(f, proyecto(1, false, 20, direccion));
         imprimir(f);
-        QVERIFY(textosInforme().contains(esperado));
+        QVERIFY(textosInforme(0).contains(esperado));
     }
 
     void impresoEnBlanco_data()
@@ -752,10 +661,11 @@ private slots:
         QCOMPARE(visor->windowTitle(), titulo);
         QCOMPARE(modInformes::Informe->nombre(), informe);
         QCOMPARE(modInformes::Informe->numeroPaginas(), 1);
-        for (const QString& t : textosInforme())
+        for (const QString& t : textosInforme(0))
             QVERIFY2(!t.trimmed().startsWith('-') && !t.trimmed().endsWith('-') && !t.contains("0,00"), qPrintable(t));
     }
 };
 
 PRUEBA_PANTALLAS(tst_impresos_a2a3)
 #include "tst_impresos_a2a3.moc"
+#include "moc_PruebaImpresos.cpp"

@@ -1,66 +1,29 @@
 // Comunicaciones de nombramiento (A4 y CSS), hoja urbanística (A5) y comunicado de dirección y
 // coordinador, por sus pantallas: fecha de visado, persona nombrada, pestañas, listas de personas,
 // vista previa y sus impresos en blanco.
-#include "app/frmMenu.h"
 #include "core/Fechas.h"
-#include "core/Fichas.h"
-#include "core/modFunciones.h"
-#include "forms/DatosImpreso.h"
 #include "forms/frmDatosImpreso_ComunicadoDireccionCoordinador.h"
 #include "reports/VistaImpreso.h"
 #include "reports/frmVisorCrystal.h"
-#include "reports/modInformes.h"
-#include "search/frmBuscarSeleccionar.h"
 #include "search/frmSeleccionarTipoCoordinador.h"
-#include "tests/comun/EntornoPrueba.h"
-#include "tests/pantallas/PruebaPantallas.h"
+#include "tests/pantallas/PruebaImpresos.h"
 
-#include <QAction>
 #include <QDir>
 #include <QFileInfo>
-#include <QLineEdit>
 #include <QMdiSubWindow>
 #include <QPointer>
 #include <QPushButton>
 #include <QRadioButton>
-#include <QSqlRecord>
 #include <QTabWidget>
 #include <QTreeWidget>
-#include <QtTest>
 
-using Mensajes::Respuesta;
+using namespace impresos;
 
 namespace {
 
-// Impreso de la prueba: su lista y su tipo, como los abre el menú.
-struct Impreso {
-    const char* tabla;
-    const char* tipo;
-};
+// Los impresos de la prueba, como los abre el menú.
 const Impreso A4{"DATOSA4A5", "A4"}, A5{"DATOSA4A5", "A5"}, CSS{"DATOSCOORDINADOR_SEGURIDAD_Y_SALUD", "CSS"},
     CDC{"DATOSCOMUNICADO_DIRECCION_Y_COORDINADOR", ""};
-
-// Práctica en Jaca; un cliente particular (1); arquitectos 11 a 16 y la sociedad 20; arquitectos
-// técnicos 31 a 33, cada uno con su domicilio y contacto.
-void poblar()
-{
-    UsoConexion uso;
-    ejecutar(QStringLiteral("INSERT INTO Config (Municipio, IVA, IRPF) VALUES ('Jaca', 16, 15)"));
-    insertar("Clientes", {{"Codigo_Cli", 1}, {"Nombre_Cli", "Lucía"}, {"Ape_Cli", "Ferrer Gil"}, {"NIF", "12345678Z"}, {"esR", -1}});
-    const QString persona = QStringLiteral("INSERT INTO OTROS (Codigo_Cli, Categoria, esS, NumColegiado, Nombre_Cli, Ape_Cli, NIF, "
-                                           "Dirección_Cli, Municipio_Cli, Provincia_Cli, cp, Tfno_Cli, Correo_Cli) "
-                                           "VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, 'Huesca', '22700', ?, ?)");
-    for (int i = 1; i <= 6; ++i)
-        ejecutar(persona, {10 + i, "ARQUITECTO", 0, 100 + i, QStringLiteral("Arq%1").arg(i), QStringLiteral("Apellido%1").arg(i),
-                           QStringLiteral("1000000%1A").arg(i), QStringLiteral("Calle %1").arg(i), "Jaca", QStringLiteral("97400000%1").arg(i),
-                           QStringLiteral("arq%1@correo.es").arg(i)});
-    for (int i = 1; i <= 3; ++i)
-        ejecutar(persona, {30 + i, "ARQUITECTO TECNICO", 0, 300 + i, QStringLiteral("Apa%1").arg(i), QStringLiteral("Técnico%1").arg(i),
-                           QStringLiteral("3000000%1B").arg(i), QStringLiteral("Plaza %1").arg(i), "Sabiñánigo",
-                           QStringLiteral("97430000%1").arg(i), QStringLiteral("apa%1@correo.es").arg(i)});
-    ejecutar(persona, {20, "ARQUITECTO", 1, 777, "Estudio Norte SLP", QVariant(), "B22000000", "Plaza Mayor 1", "Jaca", "974777777",
-                       "estudio@correo.es"});
-}
 
 struct DatosProyecto {
     int arquitectos = 1;
@@ -85,79 +48,17 @@ qint64 crearProyecto(const DatosProyecto& d)
     return cod;
 }
 
-// Filas de una sentencia, cada una como sus columnas por nombre.
-QList<QVariantMap> leer(const QString& sql, const QVariantList& valores = {})
-{
-    UsoConexion uso;
-    QList<QVariantMap> r;
-    Consulta c(sql, valores);
-    while (c.siguiente()) {
-        QVariantMap fila;
-        for (int i = 0; i < c.query().record().count(); ++i)
-            fila[c.query().record().fieldName(i)] = c.valor(i);
-        r << fila;
-    }
-    return r;
-}
-
-void ejecutarSql(const QString& sql, const QVariantList& valores = {})
-{
-    UsoConexion uso;
-    ejecutar(sql, valores);
-}
-
-template <class T = QLineEdit>
-T* hijo(QWidget* w, const QString& nombre)
-{
-    T* c = w->findChild<T*>(nombre);
-    if (!c)
-        qFatal("falta el control %s", qPrintable(nombre));
-    return c;
-}
-
-void escribir(QWidget* f, const QString& control, const QString& texto) { hijo(f, control)->setText(texto); }
-
-DatosImpreso* abrir(const Impreso& i, const QString& operacion = QStringLiteral("ALTA"), qint64 clave = 0)
-{
-    if (!Fichas::abrir({.tabla = QString::fromLatin1(i.tabla), .tipoImpreso = QString::fromLatin1(i.tipo), .operacion = operacion,
-                        .codigo = clave}))
-        return nullptr;
-    return Pantallas::cargada<DatosImpreso>();
-}
-
 // Abre el impreso con un proyecto ya puesto, como lo deja el selector.
 DatosImpreso* abrirCon(const Impreso& i, qint64 proyecto)
 {
     DatosImpreso* f = abrir(i);
-    escribir(f, QStringLiteral("txt_CodProyecto"), QString::number(proyecto));
-    escribir(f, QStringLiteral("txt_Proyecto"), QStringLiteral("Vivienda unifamiliar"));
+    elegirProyecto(f, proyecto);
     return f;
-}
-
-void vistaPrevia(QWidget* f)
-{
-    hijo<QAction>(f, QStringLiteral("tlb_BotoneraImprimir_1"))->trigger();
-    procesarEventos();
-}
-
-// Elige en el selector abierto la fila de ese código; devuelve si el selector se ha cerrado.
-bool elegir(qint64 codigo)
-{
-    frmBuscarSeleccionar* s = Pantallas::cargada<frmBuscarSeleccionar>();
-    if (!s)
-        return false;
-    const QList<FilaResultado> filas = s->filasResultado();
-    for (int i = 0; i < filas.size(); ++i)
-        if (filas[i].clave == QString::number(codigo))
-            s->seleccionarFila(i);
-    s->cmd_Seleccionar_Click();
-    procesarEventos();
-    return !Pantallas::cargada<frmBuscarSeleccionar>();
 }
 
 QStringList filasLista(QWidget* f, const QString& lista)
 {
-    auto* l = hijo<QTreeWidget>(f, lista);
+    auto* l = control<QTreeWidget>(f, lista);
     QStringList r;
     for (int i = 0; i < l->topLevelItemCount(); ++i)
         r << l->topLevelItem(i)->text(1) + (l->columnCount() > 2 ? QLatin1Char('|') + l->topLevelItem(i)->text(2) : QString());
@@ -168,7 +69,7 @@ QStringList filasLista(QWidget* f, const QString& lista)
 const QString NULO = QStringLiteral("(nulo)");
 QString valor(const QVariant& v) { return v.isNull() ? NULO : v.toString(); }
 
-int cuenta(const QString& tabla) { return int(leer(QStringLiteral("SELECT * FROM \"%1\"").arg(tabla)).size()); }
+int cuenta(const QString& tabla) { return int(filas(QStringLiteral("SELECT * FROM \"%1\"").arg(tabla)).size()); }
 
 const QString LISTAS[] = {QStringLiteral("lvw_DirectorObra"), QStringLiteral("lvw_DirectorEjecucion"), QStringLiteral("lvw_CoordinadorSS")};
 
@@ -177,7 +78,7 @@ void abrirSelector(frmDatosImpreso_ComunicadoDireccionCoordinador* f, int lista,
 {
     f->img_Buscar_Click(lista);
     if (auto* t = Pantallas::cargada<frmSeleccionarTipoCoordinador>()) {
-        hijo<QRadioButton>(t, QStringLiteral("opt_Coordinador_%1").arg(tipoCoordinador))->setChecked(true);
+        control<QRadioButton>(t, QStringLiteral("opt_Coordinador_%1").arg(tipoCoordinador))->setChecked(true);
         t->cmd_Seleccionar_Click();
         procesarEventos();
     }
@@ -190,30 +91,34 @@ bool anadir(frmDatosImpreso_ComunicadoDireccionCoordinador* f, int lista, qint64
     return elegir(codigo);
 }
 
-// Cierra sin preguntar cada pantalla abierta (con su ventana hija) menos la principal.
-
 }  // namespace
 
-class tst_impresos_avisos : public QObject {
+class tst_impresos_avisos : public PruebaImpresos {
     Q_OBJECT
 
-    std::unique_ptr<EntornoPrueba> m_e;
+    // Práctica en Jaca; un cliente particular (1); arquitectos 11 a 16 y la sociedad 20; arquitectos
+    // técnicos 31 a 33, cada uno con su domicilio y contacto.
+    void poblar() override
+    {
+        UsoConexion uso;
+        ejecutar(QStringLiteral("INSERT INTO Config (Municipio, IVA, IRPF) VALUES ('Jaca', 16, 15)"));
+        insertar("Clientes", {{"Codigo_Cli", 1}, {"Nombre_Cli", "Lucía"}, {"Ape_Cli", "Ferrer Gil"}, {"NIF", "12345678Z"}, {"esR", -1}});
+        const QString persona = QStringLiteral("INSERT INTO OTROS (Codigo_Cli, Categoria, esS, NumColegiado, Nombre_Cli, Ape_Cli, NIF, "
+                                               "Dirección_Cli, Municipio_Cli, Provincia_Cli, cp, Tfno_Cli, Correo_Cli) "
+                                               "VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, 'Huesca', '22700', ?, ?)");
+        for (int i = 1; i <= 6; ++i)
+            ejecutar(persona, {10 + i, "ARQUITECTO", 0, 100 + i, QStringLiteral("Arq%1").arg(i), QStringLiteral("Apellido%1").arg(i),
+                               QStringLiteral("1000000%1A").arg(i), QStringLiteral("Calle %1").arg(i), "Jaca", QStringLiteral("97400000%1").arg(i),
+                               QStringLiteral("arq%1@correo.es").arg(i)});
+        for (int i = 1; i <= 3; ++i)
+            ejecutar(persona, {30 + i, "ARQUITECTO TECNICO", 0, 300 + i, QStringLiteral("Apa%1").arg(i), QStringLiteral("Técnico%1").arg(i),
+                               QStringLiteral("3000000%1B").arg(i), QStringLiteral("Plaza %1").arg(i), "Sabiñánigo",
+                               QStringLiteral("97430000%1").arg(i), QStringLiteral("apa%1@correo.es").arg(i)});
+        ejecutar(persona, {20, "ARQUITECTO", 1, 777, "Estudio Norte SLP", QVariant(), "B22000000", "Plaza Mayor 1", "Jaca", "974777777",
+                           "estudio@correo.es"});
+    }
 
 private slots:
-    void initTestCase() { modInformes::inicializarRecursos(), frmMenu::instancia(); }
-
-    void init()
-    {
-        (m_e = std::make_unique<EntornoPrueba>())->conectar();
-        poblar();
-    }
-
-    void cleanup()
-    {
-        cerrarPantallas();
-        m_e.reset();
-    }
-
     // La fecha de visado: nula sin fecha; en el proyecto sólo si no tenía, nunca sustituye la suya.
     void fechaDeVisado_data()
     {
@@ -244,9 +149,9 @@ private slots:
         DatosImpreso* f = abrirCon(a4 ? A4 : CSS, cod);
         escribir(f, "txt_LugarVisado", "Huesca");
         escribir(f, "msk_FechaVisado", tecleada);
-        vistaPrevia(f);
+        imprimir(f);
         QCOMPARE(m_e->textos(), QStringList());
-        const auto h = leer(a4 ? "SELECT * FROM datosA4A5" : "SELECT * FROM datosCOORDINADOR_SEGURIDAD_Y_SALUD");
+        const auto h = filas(a4 ? "SELECT * FROM datosA4A5" : "SELECT * FROM datosCOORDINADOR_SEGURIDAD_Y_SALUD");
         QCOMPARE(h.size(), 1);
         QCOMPARE(valor(h[0]["FECHAVIS"]), historico);
         QCOMPARE(h[0]["LUGARVIS"].toString(), "Huesca");
@@ -255,10 +160,10 @@ private slots:
                  "Jaca" + Formato::fechaPie(QDate::currentDate()));
         if (a4)
             QVERIFY(h[0]["TIPODOC"] == "A4" && h[0]["LUGARA5"].isNull() && h[0]["PLAN1"].isNull());
-        const auto r = leer(a4 ? "SELECT * FROM A4" : "SELECT * FROM COORDINADOR_SEGURIDAD_Y_SALUD");
+        const auto r = filas(a4 ? "SELECT * FROM A4" : "SELECT * FROM COORDINADOR_SEGURIDAD_Y_SALUD");
         QCOMPARE(r.size(), 1);
         QCOMPARE(valor(r[0]["FECHAVIS"]), temporal);
-        QCOMPARE(valor(leer("SELECT EXPFV FROM Proyectos_A")[0]["EXPFV"]), expfv);
+        QCOMPARE(valor(filas("SELECT EXPFV FROM Proyectos_A")[0]["EXPFV"]), expfv);
     }
 
     // El selector de proyectos trae la fecha de visado, o deja la máscara vacía.
@@ -279,8 +184,8 @@ private slots:
             escribir(f, "msk_FechaVisado", "01/01/2001");
             f->img_Buscar_Click();
             QVERIFY(elegir(cod));
-            QCOMPARE(hijo(f, "txt_CodProyecto")->text(), QString::number(cod));
-            QCOMPARE(hijo(f, "msk_FechaVisado")->displayText(), mascara);
+            QCOMPARE(control(f, "txt_CodProyecto")->text(), QString::number(cod));
+            QCOMPARE(control(f, "msk_FechaVisado")->displayText(), mascara);
             m_e->respuestas << Respuesta::No;  // se cierra sin guardar
             QVERIFY(Pantallas::descargar(f));
         }
@@ -315,9 +220,9 @@ private slots:
         const bool a4 = tipo == QLatin1String("A4");
         // Cuatro arquitectos: dos hojas, y la persona en las dos.
         DatosImpreso* f = abrirCon(a4 ? A4 : CSS, crearProyecto({.arquitectos = 4, .autores = autores, .coordinador = coordinador}));
-        vistaPrevia(f);
+        imprimir(f);
         QCOMPARE(m_e->textos(), QStringList());
-        const auto r = leer(a4 ? "SELECT * FROM A4" : "SELECT * FROM COORDINADOR_SEGURIDAD_Y_SALUD");
+        const auto r = filas(a4 ? "SELECT * FROM A4" : "SELECT * FROM COORDINADOR_SEGURIDAD_Y_SALUD");
         QCOMPARE(r.size(), 2);
         for (const auto& fila : r)
             QCOMPARE(fila[a4 ? "AUTOR" : "COORDINADOR_SYS"].toString(), esperada);
@@ -331,15 +236,15 @@ private slots:
     void modificarA4()
     {
         const qint64 cod = crearProyecto({});
-        ejecutarSql("INSERT INTO datosA4A5 (PRYCOD, PRYNOM, LUGARVIS, FECHAVIS, LUGARA4, FECHAA4, TIPODOC) "
+        sql("INSERT INTO datosA4A5 (PRYCOD, PRYNOM, LUGARVIS, FECHAVIS, LUGARA4, FECHAA4, TIPODOC) "
                     "VALUES (?, 'Vivienda', 'Huesca', '2008-03-05', 'Jaca', '1 de abril de 2008', 'A4')",
                     {cod});
         DatosImpreso* f = abrir(A4, "MODIFICAR", 1);
-        QCOMPARE(hijo(f, "msk_FechaVisado")->displayText() + "|" + hijo(f, "txt_Fecha")->text(), "05/03/2008|1 de abril de 2008");
+        QCOMPARE(control(f, "msk_FechaVisado")->displayText() + "|" + control(f, "txt_Fecha")->text(), "05/03/2008|1 de abril de 2008");
         QVERIFY(!f->hayCambios());
         escribir(f, "msk_FechaVisado", "");
-        vistaPrevia(f);
-        const auto h = leer("SELECT * FROM datosA4A5");
+        imprimir(f);
+        const auto h = filas("SELECT * FROM datosA4A5");
         QVERIFY(h.size() == 1 && h[0]["FECHAVIS"].isNull());
         QVERIFY(Pantallas::cargada<DatosImpreso>() == f);
     }
@@ -376,13 +281,13 @@ private slots:
         Pantallas::activar(f);
         for (const QString& c : campos)
             escribir(f, c.section('=', 0, 0), c.section('=', 1));
-        auto* mst = hijo<QTabWidget>(f, "mst_1");
+        auto* mst = control<QTabWidget>(f, "mst_1");
         mst->setCurrentIndex(pestanaInicial);
-        vistaPrevia(f);
+        imprimir(f);
         QCOMPARE(m_e->textos(), QStringList{aviso});
         QCOMPARE(mst->currentIndex(), pestana);
-        QCOMPARE(f->focusWidget(), static_cast<QWidget*>(hijo(f, foco)));
-        QVERIFY(leer("SELECT * FROM datosA4A5").isEmpty());
+        QCOMPARE(f->focusWidget(), static_cast<QWidget*>(control(f, foco)));
+        QVERIFY(filas("SELECT * FROM datosA4A5").isEmpty());
     }
 
     // A5: sólo sus columnas en el histórico; en la tabla temporal, el municipio y la provincia del
@@ -405,21 +310,21 @@ private slots:
         QFETCH(QStringList, avisos);
         DatosImpreso* f = abrirCon(A5, crearProyecto({.arquitectos = 2, .sociedadPropia = sociedadPropia}));
         if (sociedadBorrada)
-            ejecutarSql("DELETE FROM OTROS WHERE Codigo_Cli = 20");
+            sql("DELETE FROM OTROS WHERE Codigo_Cli = 20");
         escribir(f, "txt_PlaneamientoMunicipio", "PGOU de Jaca");
         escribir(f, "msk_FechaAprobacionMunicipio", "12/05/1998");
         escribir(f, "txt_Ocu_Pla", "  60 %  ");
         escribir(f, "txt_Sit_Pro", "Aislada");
         escribir(f, "txt_Observaciones", "Sin observaciones");
-        vistaPrevia(f);
+        imprimir(f);
         QCOMPARE(m_e->textos(), avisos);
-        const auto h = leer("SELECT * FROM datosA4A5");
+        const auto h = filas("SELECT * FROM datosA4A5");
         QCOMPARE(h.size(), 1);
         QCOMPARE(h[0]["TIPODOC"].toString() + "|" + h[0]["FAPMUN"].toString() + "|" + h[0]["PLAN2"].toString() + "|"
                      + h[0]["PROY6"].toString() + "|" + h[0]["LUGARA5"].toString(),
                  "A5|1998-05-12|60 %|Aislada|Jaca");
         QVERIFY(h[0]["FAPPAR"].isNull() && h[0]["LUGARVIS"].isNull() && h[0]["FECHAA4"].isNull());
-        const auto r = leer("SELECT * FROM A5");
+        const auto r = filas("SELECT * FROM A5");
         QCOMPARE(r.size(), 1);
         QStringList t;
         for (const char* c : {"PRYNOM", "PRYDOM", "CLIMUN", "CLIPRO", "CLINOM", "ARQ1NOM", "FAPMUN", "PLAN2", "OBS", "LUGAR"})
@@ -431,8 +336,8 @@ private slots:
         // Abierto de nuevo, cada campo vuelve a su sitio y no hay cambios.
         Pantallas::descargar(Pantallas::cargada<frmVisorCrystal>());
         DatosImpreso* g = abrir(A5, "MODIFICAR", h[0]["Clave"].toLongLong());
-        QCOMPARE(hijo(g, "msk_FechaAprobacionMunicipio")->displayText() + "|" + hijo(g, "msk_FechaAprobacionParcela")->displayText() + "|"
-                     + hijo(g, "txt_Ocu_Pla")->text(),
+        QCOMPARE(control(g, "msk_FechaAprobacionMunicipio")->displayText() + "|" + control(g, "msk_FechaAprobacionParcela")->displayText() + "|"
+                     + control(g, "txt_Ocu_Pla")->text(),
                  "12/05/1998|" + FECHA_VACIA + "|60 %");
         QVERIFY(!g->hayCambios());
     }
@@ -452,11 +357,8 @@ private slots:
         if (enBlanco)
             QVERIFY(generarImpresoEnBlanco(6));
         else
-            vistaPrevia(abrirCon(A5, crearProyecto({})));
-        QStringList textos;
-        for (const TrazoInforme& t : modInformes::Informe->pagina(0).trazos)
-            if (t.tipo == TrazoInforme::Texto)
-                textos << t.texto;
+            imprimir(abrirCon(A5, crearProyecto({})));
+        const QStringList textos = textosInforme(0);
         QVERIFY(!textos.contains("-") && !textos.contains("- -"));
         QCOMPARE(textos.contains(esperado), !esperado.isEmpty());
     }
@@ -478,7 +380,7 @@ private slots:
         for (int l = 0; l < 3; ++l)
             for (int codigo : personas[l])
                 QVERIFY(anadir(f, l + 1, codigo, codigo > 30 ? 1 : 0));
-        vistaPrevia(f);
+        imprimir(f);
         QCOMPARE(m_e->textos(), QStringList());
         QCOMPARE(cuenta("COMUNICADO_DIRECCION_Y_COORDINADOR"), 1);
         const QStringList temporales{"DirectoresObra_Tmp", "DirectoresDeEjecucion_Tmp", "CoordinadoresSS_Tmp"};
@@ -488,14 +390,14 @@ private slots:
             QCOMPARE(cuenta(enlaces[l]), personas[l].size());
         }
         QStringList tipos;
-        for (const auto& c : leer("SELECT * FROM CoordinadorSS_Impreso WHERE Id_Impreso = 1 ORDER BY rowid"))
+        for (const auto& c : filas("SELECT * FROM CoordinadorSS_Impreso WHERE Id_Impreso = 1 ORDER BY rowid"))
             tipos << c["Codigo_Coordinador"].toString() + "|" + c["TipoPerceptor"].toString();
         QCOMPARE(tipos, coordinadores);
-        const auto p = leer("SELECT * FROM COMUNICADO_DIRECCION_Y_COORDINADOR")[0];
+        const auto p = filas("SELECT * FROM COMUNICADO_DIRECCION_Y_COORDINADOR")[0];
         QCOMPARE(p["PRYNOM"].toString() + "|" + p["PRYMUN"].toString() + "|" + p["REPNOM"].toString() + "|" + p["LUGAR"].toString(),
                  "Vivienda unifamiliar|Jaca|Lucía Ferrer Gil|Jaca");
         if (!personas[1].isEmpty()) {
-            const auto d = leer("SELECT * FROM DirectoresDeEjecucion_Tmp ORDER BY rowid")[1];
+            const auto d = filas("SELECT * FROM DirectoresDeEjecucion_Tmp ORDER BY rowid")[1];
             QStringList t;
             for (const char* c : {"NOM", "NIF", "DOM", "TEL", "MAIL", "MUN", "PRO", "CP"})
                 t << d[QStringLiteral("DIREJEC") + QLatin1String(c)].toString();
@@ -571,7 +473,7 @@ private slots:
         QVERIFY(ficha);
         for (const QString c : {"txt_NumColegiado=555", "txt_Nombre=Marta", "txt_Apellidos=Vidal"})
             escribir(ficha, c.section('=', 0, 0), c.section('=', 1));
-        hijo<QPushButton>(ficha, "cmd_Guardar")->click();
+        control<QPushButton>(ficha, "cmd_Guardar")->click();
         procesarEventos();
         QCOMPARE(filasLista(f, LISTAS[lista - 1]), QStringList{fila});
     }
@@ -615,16 +517,16 @@ private slots:
     {
         auto* f = qobject_cast<frmDatosImpreso_ComunicadoDireccionCoordinador*>(abrirCon(CDC, crearProyecto({})));
         QVERIFY(anadir(f, 1, 11) && anadir(f, 1, 12) && anadir(f, 3, 32, 1));
-        vistaPrevia(f);
-        ejecutarSql("DELETE FROM OTROS WHERE Codigo_Cli IN (11, 32)");
+        imprimir(f);
+        sql("DELETE FROM OTROS WHERE Codigo_Cli IN (11, 32)");
         Pantallas::descargar(Pantallas::cargada<frmVisorCrystal>());
         DatosImpreso* g = abrir(CDC, "MODIFICAR", 1);
         QCOMPARE(m_e->textos(), (QStringList{"No se han podido obtener los datos del director de Obra",
                                               "No se han podido obtener los datos del coordinador de Seguridad y Salud"}));
         QCOMPARE(filasLista(g, LISTAS[0]), QStringList{"Arq2 Apellido2"});
         QVERIFY(filasLista(g, LISTAS[2]).isEmpty());
-        vistaPrevia(g);
-        QCOMPARE(leer("SELECT Codigo_DirectorObra FROM DirectoresObra_Impreso")[0]["Codigo_DirectorObra"].toInt(), 12);
+        imprimir(g);
+        QCOMPARE(filas("SELECT Codigo_DirectorObra FROM DirectoresObra_Impreso")[0]["Codigo_DirectorObra"].toInt(), 12);
         QCOMPARE(cuenta("DirectoresObra_Impreso") + cuenta("CoordinadorSS_Impreso") + cuenta("DirectoresObra_Tmp"), 1 + 0 + 1);
     }
 
@@ -665,12 +567,12 @@ private slots:
     void rellenos()
     {
         const qint64 cod = crearProyecto({.arquitectos = 3, .autores = {11, 12}, .coordinador = 13, .visado = "2008-03-05"});
-        ejecutarSql("UPDATE Proyectos_A SET ARQREG = 20 WHERE PryCod = ?", {cod});
+        sql("UPDATE Proyectos_A SET ARQREG = 20 WHERE PryCod = ?", {cod});
         for (const Impreso& i : {A4, CSS, A5}) {
             DatosImpreso* f = abrir(i);
             f->img_Buscar_Click();
             QVERIFY(elegir(cod));
-            if (qstrcmp(i.tipo, A5.tipo) == 0) {
+            if (i.tipo == A5.tipo) {
                 for (const QString c : {"txt_PlaneamientoMunicipio=Plan General de Ordenación Urbana",
                                          "msk_FechaAprobacionMunicipio=12/05/1998", "txt_PlaneamientoParcela=Suelo urbano consolidado",
                                          "msk_FechaAprobacionParcela=03/02/2004", "txt_Par_Pla=Parcela mínima 300 m²",
@@ -689,7 +591,7 @@ private slots:
                 mst->setCurrentIndex(1);
                 captura(f, "A5_planeamiento");
             }
-            vistaPrevia(f);
+            imprimir(f);
             QCOMPARE(m_e->textos(), QStringList());
             exportar(modInformes::Informe->nombre());
         }
@@ -698,7 +600,7 @@ private slots:
         QVERIFY(elegir(cod));
         QVERIFY(anadir(f, 1, 11) && anadir(f, 1, 12) && anadir(f, 2, 31) && anadir(f, 2, 32) && anadir(f, 3, 13) && anadir(f, 3, 33, 1));
         captura(f, "CDC");
-        vistaPrevia(f);
+        imprimir(f);
         QCOMPARE(m_e->textos(), QStringList());
         QCOMPARE(modInformes::Informe->numeroPaginas(), 1);
         exportar(modInformes::Informe->nombre());
@@ -716,7 +618,7 @@ private:
             QVERIFY(modInformes::exportarPDF(QDir(capturas).filePath(nombre + ".pdf")));
     }
 
-    static void captura(QWidget* f, const char* nombre)
+    static void captura(QWidget* f, const QString& nombre)
     {
         const QString capturas = qEnvironmentVariable("CAPTURAS_IMPRESOS");
         if (capturas.isEmpty())
@@ -729,9 +631,10 @@ private:
         Pantallas::mostrar(f);
         procesarEventos();
         QWidget* ventana = f->parentWidget() ? f->parentWidget() : f;
-        ventana->grab().save(QDir(capturas).filePath(QStringLiteral("pantalla_%1.png").arg(QLatin1String(nombre))));
+        ventana->grab().save(QDir(capturas).filePath(QStringLiteral("pantalla_%1.png").arg(nombre)));
     }
 };
 
 PRUEBA_PANTALLAS(tst_impresos_avisos)
 #include "tst_impresos_avisos.moc"
+#include "moc_PruebaImpresos.cpp"

@@ -1,61 +1,30 @@
 // Certificado libre y certificado fin de obra por sus pantallas: el arquitecto y su domicilio, el
 // texto largo en varias páginas, las listas de personas cortadas a 255, la fecha fin de obra del
 // proyecto, los cuatro diseños y el impreso en blanco de la lista.
-#include "app/frmMenu.h"
-#include "core/Fichas.h"
-#include "core/modFunciones.h"
-#include "forms/DatosImpreso.h"
 #include "forms/frmDatosImpreso_Certificado.h"
 #include "forms/frmSeleccionarTipoCertificado.h"
 #include "reports/DisenoInforme.h"
 #include "reports/frmVisorCrystal.h"
-#include "reports/modInformes.h"
 #include "search/AbrirBusqueda.h"
 #include "search/frmBuscar.h"
-#include "search/frmBuscarSeleccionar.h"
-#include "tests/comun/EntornoPrueba.h"
-#include "tests/pantallas/PruebaPantallas.h"
+#include "tests/pantallas/PruebaImpresos.h"
 
-#include <QAction>
-#include <QLineEdit>
 #include <QMdiSubWindow>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QRadioButton>
-#include <QSqlRecord>
 #include <QTimer>
 #include <QToolButton>
-#include <QtTest>
 
-using Mensajes::Respuesta;
+using namespace impresos;
 
 namespace {
 
+const Impreso CERTIFICADO{QStringLiteral("DATOSCERTIFICADO")}, FIN_OBRA{QStringLiteral("DATOSFINOBRA")};
 const QString CFO = QStringLiteral("Certificado final de la dirección de obra");
 const QString AVISO_APANOM = QStringLiteral(
     "Los nombres de los arquitectos técnicos exceden del máximo número de caracteres admitidos en la base de datos.\n"
     "Los nombres de los arquitectos técnicos aparecerán cortados hasta el máximo número admitido");
-
-void sql(const QString& q, const QVariantList& v = {})
-{
-    UsoConexion uso;
-    ejecutar(q, v);
-}
-
-QList<QVariantMap> filas(const QString& q, const QVariantList& valores = {})
-{
-    UsoConexion uso;
-    QList<QVariantMap> r;
-    for (Consulta c(q, valores); c.siguiente();) {
-        const QSqlRecord rec = c.query().record();
-        r << QVariantMap();
-        for (int i = 0; i < rec.count(); ++i)
-            r.last().insert(rec.fieldName(i), c.valor(i));
-    }
-    return r;
-}
-
-QString t(const QVariantMap& m, const char* c) { return m.value(QString::fromLatin1(c)).toString(); }
 
 QStringList columnas(const QVariantMap& m, const QStringList& nombres)
 {
@@ -72,20 +41,6 @@ void otros(int codigo, const char* categoria, const QVariant& nombre, const QVar
     sql(QStringLiteral("INSERT INTO OTROS (Codigo_Cli, Categoria, esS, NumColegiado, Colegio, Nombre_Cli, Ape_Cli, Dirección_Cli, cp, "
                        "Municipio_Cli, Provincia_Cli, NIF) VALUES (?, ?, 0, ?, 'COA Aragón', ?, ?, ?, ?, ?, ?, ?)"),
         QVariantList{codigo, QString::fromUtf8(categoria), numero, nombre, apellidos} + domicilio);
-}
-
-// Estudio en Villanueva, dos arquitectos, dos arquitectos técnicos, un constructor y una clienta.
-void poblar()
-{
-    sql(QStringLiteral("DELETE FROM Config"));
-    sql(QStringLiteral("INSERT INTO Config (Municipio, SocNom, IVA, IRPF) VALUES ('Villanueva', 'Estudio Norte SLP', 21, 15)"));
-    sql(QStringLiteral("INSERT INTO Clientes (Codigo_Cli, Nombre_Cli, Ape_Cli, esR) VALUES (1, 'Lucía', 'Ferrer Gil', -1)"));
-    otros(11, "Arquitecto", "Ana", "Ruiz", 11,
-          {QStringLiteral("C/ Mayor 3"), QStringLiteral("22700"), QStringLiteral("Jaca"), QStringLiteral("Huesca"), QStringLiteral("12345678Z")});
-    otros(12, "ARQUITECTO", "Luis", "Gil", 12);
-    otros(21, "Arquitecto Tecnico", "Eva", "Sanz", 22);
-    otros(22, "ARQUITECTO TECNICO", "Pablo", "Ortega", 23);
-    otros(31, "CONSTRUCTOR", "Obras Duero SA", QVariant());
 }
 
 qint64 proyecto(const QVariant& finObra = {})
@@ -110,44 +65,12 @@ void asignar(qint64 pry, const QList<int>& apa, const QList<int>& con, const QLi
         sql(QStringLiteral("INSERT INTO Autores_Proyecto (PryCod, Codigo_Arq) VALUES (?, ?)"), {pry, c});
 }
 
-template <class T>
-T* control(QWidget* w, const QString& nombre)
-{
-    T* c = w->findChild<T*>(nombre);
-    if (!c)
-        qFatal("falta el control %s", qPrintable(nombre));
-    return c;
-}
-
-void escribir(QWidget* w, const char* nombre, const QString& texto) { control<QLineEdit>(w, QString::fromLatin1(nombre))->setText(texto); }
-
-DatosImpreso* abrir(const QString& tabla, const QString& operacion, qint64 clave = 0)
-{
-    if (!Fichas::abrir({.tabla = tabla, .operacion = operacion, .codigo = clave}))
-        return nullptr;
-    return Pantallas::cargada<DatosImpreso>();
-}
-
-bool cargada(const QString& pantalla)
-{
-    for (QWidget* w : Pantallas::cargadas())
-        if (w->objectName() == pantalla)
-            return true;
-    return false;
-}
-
-// Elige en el selector abierto por la pantalla la fila de ese código.
+// Abre el selector de la pantalla y elige en él la fila de ese código.
 void elegirEnSelector(QWidget* f, qint64 codigo)
 {
     control<QToolButton>(f, QStringLiteral("img_Buscar"))->click();
-    frmBuscarSeleccionar* s = Pantallas::cargada<frmBuscarSeleccionar>();
-    QVERIFY2(s, "el selector no se ha abierto");
-    const QList<FilaResultado> l = s->filasResultado();
-    for (int i = 0; i < l.size(); ++i)
-        if (l[i].clave == QString::number(codigo))
-            s->seleccionarFila(i);
-    s->cmd_Seleccionar_Click();
-    procesarEventos();
+    QVERIFY2(Pantallas::cargada<frmBuscarSeleccionar>(), "el selector no se ha abierto");
+    elegir(codigo);
 }
 
 // Lo que se vio del diálogo de los diseños y cómo se contestó.
@@ -182,24 +105,6 @@ void contestarDiseno(QObject* dueno, Diseno* d)
     reloj->start(5);
 }
 
-void imprimir(QWidget* f)
-{
-    control<QAction>(f, QStringLiteral("tlb_BotoneraImprimir_1"))->trigger();
-    procesarEventos();
-}
-
-// Textos de todas las páginas del informe en curso, en orden.
-QStringList textosInforme()
-{
-    QStringList r;
-    DocumentoInforme& d = *modInformes::Informe;
-    for (int i = 0; i < d.numeroPaginas(); ++i)
-        for (const TrazoInforme& tr : d.pagina(i).trazos)
-            if (tr.tipo == TrazoInforme::Texto)
-                r << tr.texto;
-    return r;
-}
-
 QString tituloVisor()
 {
     frmVisorCrystal* v = Pantallas::cargada<frmVisorCrystal>();
@@ -209,9 +114,8 @@ QString tituloVisor()
 // Un certificado fin de obra nuevo del proyecto, con sus dos lugares de expedición y la fecha.
 DatosImpreso* finObra(qint64 pry, const QString& lugarApa = QStringLiteral("Jaca"), const QString& lugarArq = QStringLiteral("Huesca"))
 {
-    DatosImpreso* f = abrir(QStringLiteral("DATOSFINOBRA"), QStringLiteral("ALTA"));
-    escribir(f, "txt_CodProyecto", QString::number(pry));
-    escribir(f, "txt_Proyecto", QStringLiteral("Vivienda unifamiliar"));
+    DatosImpreso* f = abrir(FIN_OBRA, QStringLiteral("ALTA"));
+    elegirProyecto(f, pry);
     escribir(f, "txt_Apa_Demarcacion", QStringLiteral("Huesca"));
     escribir(f, "txt_Apa_LugarExpedicion", lugarApa);
     escribir(f, "txt_Arq_Demarcacion", QStringLiteral("Alto Aragón"));
@@ -224,29 +128,28 @@ const QStringList LISTAS = {"APACOL", "APANOM", "CONNOM", "ARQSNOM", "ARQSCOL", 
 
 }  // namespace
 
-class tst_impresos_certificados : public QObject {
+class tst_impresos_certificados : public PruebaImpresos {
     Q_OBJECT
 
-    std::unique_ptr<EntornoPrueba> m_e;
-    std::unique_ptr<QObject> m_relojes;
+    // Los relojes que contestan los diálogos de un caso: se van con él, antes de cerrar sus pantallas.
+    std::unique_ptr<QObject> m_relojes = std::make_unique<QObject>();
+    void terminarCaso() override { m_relojes = std::make_unique<QObject>(); }
+
+    // Estudio en Villanueva, dos arquitectos, dos arquitectos técnicos, un constructor y una clienta.
+    void poblar() override
+    {
+        sql(QStringLiteral("DELETE FROM Config"));
+        sql(QStringLiteral("INSERT INTO Config (Municipio, SocNom, IVA, IRPF) VALUES ('Villanueva', 'Estudio Norte SLP', 21, 15)"));
+        sql(QStringLiteral("INSERT INTO Clientes (Codigo_Cli, Nombre_Cli, Ape_Cli, esR) VALUES (1, 'Lucía', 'Ferrer Gil', -1)"));
+        otros(11, "Arquitecto", "Ana", "Ruiz", 11,
+              {QStringLiteral("C/ Mayor 3"), QStringLiteral("22700"), QStringLiteral("Jaca"), QStringLiteral("Huesca"), QStringLiteral("12345678Z")});
+        otros(12, "ARQUITECTO", "Luis", "Gil", 12);
+        otros(21, "Arquitecto Tecnico", "Eva", "Sanz", 22);
+        otros(22, "ARQUITECTO TECNICO", "Pablo", "Ortega", 23);
+        otros(31, "CONSTRUCTOR", "Obras Duero SA", QVariant());
+    }
 
 private slots:
-    void initTestCase() { modInformes::inicializarRecursos(), frmMenu::instancia(); }
-
-    void init()
-    {
-        (m_e = std::make_unique<EntornoPrueba>())->conectar();
-        m_relojes = std::make_unique<QObject>();
-        poblar();
-    }
-
-    void cleanup()
-    {
-        m_relojes.reset();
-        cerrarPantallas();
-        m_e.reset();
-    }
-
     // ------------------------------------------------------------------ certificado libre
 
     // El domicilio une lo que no es nulo tras ", ": sin dirección empieza por la coma.
@@ -268,7 +171,7 @@ private slots:
         QFETCH(QString, direccion);
         QFETCH(QString, nif);
         otros(40, "ARQUITECTO", "Marta", "Vidal", 4040, domicilio);
-        DatosImpreso* f = abrir(QStringLiteral("DATOSCERTIFICADO"), QStringLiteral("ALTA"));
+        DatosImpreso* f = abrir(CERTIFICADO, QStringLiteral("ALTA"));
         QCOMPARE(control<QToolButton>(f, QStringLiteral("img_Buscar"))->toolTip() + "|" +
                      control<QToolButton>(f, QStringLiteral("img_Borrar"))->toolTip(),
                  QStringLiteral("Seleccionar pagador|Limpiar datos pagador"));
@@ -305,7 +208,7 @@ private slots:
         QFETCH(QString, nombre);
         sql(QStringLiteral("INSERT INTO datosCERTIFICADO (CodArq, NomArq, Texto, Lugar, Fecha) VALUES (?, 'Nombre de antes', 'Texto', 'Jaca', 'hoy')"),
             {codigo});
-        DatosImpreso* f = abrir(QStringLiteral("DATOSCERTIFICADO"), QStringLiteral("MODIFICAR"), 1);
+        DatosImpreso* f = abrir(CERTIFICADO, QStringLiteral("MODIFICAR"), 1);
         QCOMPARE(control<QLineEdit>(f, QStringLiteral("txt_NomArq"))->text(), nombre);
         QCOMPARE(control<QPlainTextEdit>(f, QStringLiteral("txt_Texto"))->toPlainText(), QStringLiteral("Texto"));
         Pantallas::descargar(f);  // recién cargado: nada que preguntar
@@ -320,7 +223,7 @@ private slots:
         for (int i = 0; texto.size() < 20000; ++i)
             texto += (i == 0 ? QString() : i % 100 == 0 ? QStringLiteral("\n") : QStringLiteral(" ")) + QStringLiteral("palabra%1").arg(i);
         texto.truncate(20000);
-        DatosImpreso* f = abrir(QStringLiteral("DATOSCERTIFICADO"), QStringLiteral("ALTA"));
+        DatosImpreso* f = abrir(CERTIFICADO, QStringLiteral("ALTA"));
         escribir(f, "txt_CodArq", QStringLiteral("11"));
         escribir(f, "txt_NomArq", QStringLiteral("Ana Ruiz"));
         control<QPlainTextEdit>(f, QStringLiteral("txt_Texto"))->setPlainText(texto);
@@ -356,7 +259,7 @@ private slots:
     // Más de 65.000 caracteres: se quita lo que sobra de lo añadido, con aviso y entrada en el registro.
     void textoLimitado()
     {
-        DatosImpreso* f = abrir(QStringLiteral("DATOSCERTIFICADO"), QStringLiteral("ALTA"));
+        DatosImpreso* f = abrir(CERTIFICADO, QStringLiteral("ALTA"));
         auto* txt = control<QPlainTextEdit>(f, QStringLiteral("txt_Texto"));
         txt->setPlainText(QString(64990, QLatin1Char('a')) + QStringLiteral("FIN"));
         QTextCursor c = txt->textCursor();
@@ -376,7 +279,7 @@ private slots:
     // El arquitecto borrado después de elegirlo: su aviso, histórico guardado, certificado vacío.
     void arquitectoNoHallado()
     {
-        DatosImpreso* f = abrir(QStringLiteral("DATOSCERTIFICADO"), QStringLiteral("ALTA"));
+        DatosImpreso* f = abrir(CERTIFICADO, QStringLiteral("ALTA"));
         escribir(f, "txt_CodArq", QStringLiteral("99"));
         escribir(f, "txt_NomArq", QStringLiteral("Nadie"));
         imprimir(f);
@@ -502,7 +405,7 @@ private slots:
         const auto h = filas(QStringLiteral("SELECT * FROM datosFinObra"));
         QCOMPARE(h.size(), 1);
         QCOMPARE(h[0].value("FFIN").isNull(), primera.isEmpty());
-        f = abrir(QStringLiteral("DATOSFINOBRA"), QStringLiteral("MODIFICAR"), h[0].value("Clave").toLongLong());
+        f = abrir(FIN_OBRA, QStringLiteral("MODIFICAR"), h[0].value("Clave").toLongLong());
         escribir(f, "msk_FechaFinObra", segunda);
         Diseno d2{.opcion = -1};
         contestarDiseno(m_relojes.get(), &d2);
@@ -519,7 +422,7 @@ private slots:
         sql(QStringLiteral("INSERT INTO datosFinObra (PRYNOM, PRYCOD, APADEM, LUGAR1, FFIN, FECHALICENCIA, FECHA, TIPODOC) "
                            "VALUES ('Vivienda unifamiliar', ?, 'Huesca', 'Jaca', '2008-05-12', '2008-01-10', 'hoy', 'CFO')"),
             {pry});
-        DatosImpreso* f = abrir(QStringLiteral("DATOSFINOBRA"), QStringLiteral("MODIFICAR"), 1);
+        DatosImpreso* f = abrir(FIN_OBRA, QStringLiteral("MODIFICAR"), 1);
         QCOMPARE(control<QLineEdit>(f, QStringLiteral("msk_FechaFinObra"))->displayText(), QStringLiteral("12/05/2008"));
         QCOMPARE(control<QLineEdit>(f, QStringLiteral("msk_FechaLicenciaObras"))->displayText(), FECHA_VACIA);
         QCOMPARE(control<QLineEdit>(f, QStringLiteral("txt_Apa_LugarExpedicion"))->text(), QStringLiteral("Jaca"));
@@ -555,7 +458,7 @@ private slots:
         const qint64 pry = proyecto();
         asignar(pry, {21}, {31}, {11, 12}, {11});
         sql(QStringLiteral("INSERT INTO datosFinObra (PRYNOM, PRYCOD, TIPODOC) VALUES ('Vivienda unifamiliar', ?, 'CFO')"), {pry});
-        DatosImpreso* f = abrir(QStringLiteral("DATOSFINOBRA"), QStringLiteral("MODIFICAR"), 1);
+        DatosImpreso* f = abrir(FIN_OBRA, QStringLiteral("MODIFICAR"), 1);
         escribir(f, "txt_Fecha", QStringLiteral("5 de mayo de 2008"));
         escribir(f, "msk_FechaFinObra", QStringLiteral("12/05/2008"));
         if (antes >= 0) {
@@ -659,7 +562,7 @@ private slots:
         QFETCH(QString, escrita);
         QFETCH(QString, esperada);
         const qint64 pry = proyecto(finObra);
-        DatosImpreso* f = abrir(QStringLiteral("DATOSFINOBRA"), QStringLiteral("ALTA"));
+        DatosImpreso* f = abrir(FIN_OBRA, QStringLiteral("ALTA"));
         escribir(f, "msk_FechaFinObra", escrita);
         elegirEnSelector(f, pry);
         QCOMPARE(control<QLineEdit>(f, QStringLiteral("txt_CodProyecto"))->text() + "|" +
@@ -735,3 +638,4 @@ private slots:
 
 PRUEBA_PANTALLAS(tst_impresos_certificados)
 #include "tst_impresos_certificados.moc"
+#include "moc_PruebaImpresos.cpp"

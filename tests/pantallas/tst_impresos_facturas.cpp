@@ -1,37 +1,26 @@
 // Facturas de honorarios (B1, B3, B4) y certificados anuales de retenciones (ajeno y propio) por
 // sus pantallas: la cadena de importes al céntimo y en letra, las líneas y su diálogo, el
 // histórico y la tabla temporal, los certificados sumados o escritos a mano, y sus informes.
-#include "app/frmMenu.h"
-#include "core/Fichas.h"
 #include "core/clsNumToText.h"
-#include "core/modFunciones.h"
-#include "forms/DatosImpreso.h"
 #include "forms/frmAddModDetalleFacturaHonorarios.h"
 #include "forms/frmDatosImpreso_B1_B3_B4.h"
 #include "reports/VistaImpreso.h"
 #include "reports/frmVisorCrystal.h"
-#include "reports/modInformes.h"
 #include "search/frmBuscar.h"
-#include "search/frmBuscarSeleccionar.h"
 #include "search/frmSeleccionarTipoPerceptor.h"
-#include "tests/comun/EntornoPrueba.h"
-#include "tests/pantallas/PruebaPantallas.h"
+#include "tests/pantallas/PruebaImpresos.h"
 
-#include <QAction>
 #include <QCheckBox>
 #include <QLabel>
-#include <QLineEdit>
 #include <QMdiSubWindow>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QRandomGenerator>
-#include <QSqlRecord>
 #include <QTimer>
 #include <QToolButton>
 #include <QTreeWidget>
-#include <QtTest>
 
-using Mensajes::Respuesta;
+using namespace impresos;
 
 namespace {
 
@@ -39,89 +28,10 @@ const QString FORMATO_NO_VALIDO = QStringLiteral("Formato numérico no válido.\
 const QString NOTA_RETENCION =
     QStringLiteral("* Sólo en caso de existir obligación de retención   (art. 101, T.R. de la Ley de la R.P.F., \"R.D.L. 3/2004\")");
 
-void sql(const QString& q, const QVariantList& v = {})
-{
-    UsoConexion uso;
-    ejecutar(q, v);
-}
-
-// Estudio en Jaca con IVA 16 e IRPF 15; arquitectos 11 y 12, un contratista (30), dos clientes y
-// cuatro proyectos: 101 y 103 del cliente 1, 102 del cliente 2, 104 sin cliente.
-void poblar()
-{
-    UsoConexion uso;
-    ejecutar(QStringLiteral("DELETE FROM Config"));
-    ejecutar(QStringLiteral("INSERT INTO Config (Municipio, IVA, IRPF, AgenciaTributaria) VALUES ('Jaca', 16, 15, 'Huesca')"));
-    const QString otros = QStringLiteral("INSERT INTO OTROS (Codigo_Cli, Categoria, esS, NumColegiado, Nombre_Cli, Ape_Cli, NIF, "
-                                         "Dirección_Cli, Municipio_Cli, Provincia_Cli, Tfno_Cli, cp) VALUES (?,?,0,?,?,?,?,?,?,?,?,?)");
-    ejecutar(otros, {11, "ARQUITECTO", 1011, "Ana", "Ruiz Peña", "11111111H", "C/ Mayor 3", "Jaca", "Huesca", "974000011", "22700"});
-    ejecutar(otros, {12, "Arquitecto", 1012, "Luis", "Gil", "22222222J", "C/ Baja 1", "Sabiñánigo", "Huesca", "974000012", "22600"});
-    ejecutar(otros, {30, "CONSTRUCTOR", 0, "Obras Duero SA", QVariant(), "A33333333", "Pol. Sur", "Soria", "Soria", QVariant(), "42001"});
-    ejecutar(otros, {31, "ARQUITECTO TECNICO", 77, "Eva", "Sanz", "44444444A", QVariant(), "Huesca", "Huesca", QVariant(), QVariant()});
-    ejecutar(QStringLiteral("INSERT INTO Clientes (Codigo_Cli, Nombre_Cli, Ape_Cli, NIF, Dirección_Cli, Municipio_Cli, Provincia_Cli, "
-                            "Tfno_Cli, cp, esR) VALUES (1, 'Lucía', 'Ferrer Gil', '12345678Z', 'C/ Río 2', 'Jaca', 'Huesca', "
-                            "'974111111', '22700', -1), (2, 'Construcciones', 'Ebro SA', 'A22000001', NULL, 'Monzón', NULL, NULL, "
-                            "NULL, 1)"));
-    ejecutar(QStringLiteral("INSERT INTO Proyectos_A (PryCod, Trabajo, Codigo_Cliente) VALUES (101, 'Vivienda unifamiliar', 1), "
-                            "(102, 'Nave agrícola', 2), (103, 'Reforma de local', 1), (104, 'Refugio', NULL)"));
-}
-
-QList<QVariantMap> filas(const QString& q, const QVariantList& valores = {})
-{
-    UsoConexion uso;
-    QList<QVariantMap> r;
-    for (Consulta c(q, valores); c.siguiente();) {
-        const QSqlRecord rec = c.query().record();
-        r << QVariantMap();
-        for (int i = 0; i < rec.count(); ++i)
-            r.last().insert(rec.fieldName(i), c.valor(i));
-    }
-    return r;
-}
-
-QString t(const QVariantMap& m, const char* c) { return m.value(QString::fromLatin1(c)).toString(); }
-
-template <class T>
-T* control(QWidget* w, const char* nombre)
-{
-    T* c = w->findChild<T*>(QString::fromLatin1(nombre));
-    if (!c)
-        qFatal("falta el control %s", nombre);
-    return c;
-}
-
-QLineEdit* caja(QWidget* w, const char* nombre) { return control<QLineEdit>(w, nombre); }
-QString texto(QWidget* w, const char* nombre) { return caja(w, nombre)->text(); }
-
-DatosImpreso* abrir(const QString& tabla, const QString& tipo, const QString& operacion, qint64 clave = 0)
-{
-    if (!Fichas::abrir({.tabla = tabla, .tipoImpreso = tipo, .operacion = operacion, .codigo = clave}))
-        return nullptr;
-    const QList<QWidget*> l = Pantallas::cargadas();
-    for (auto it = l.rbegin(); it != l.rend(); ++it)
-        if (auto* f = qobject_cast<DatosImpreso*>(*it))
-            return f;
-    return nullptr;
-}
-
 frmDatosImpreso_B1_B3_B4* factura(const QString& tipo = QStringLiteral("B1"), const QString& operacion = QStringLiteral("ALTA"),
                                   qint64 clave = 0)
 {
-    return qobject_cast<frmDatosImpreso_B1_B3_B4*>(abrir(QStringLiteral("DATOSB1B3B4"), tipo, operacion, clave));
-}
-
-void imprimir(QWidget* f)
-{
-    control<QAction>(f, "tlb_BotoneraImprimir_1")->trigger();
-    procesarEventos();
-}
-
-bool cargada(const QString& pantalla)
-{
-    for (QWidget* w : Pantallas::cargadas())
-        if (w->objectName() == pantalla)
-            return true;
-    return false;
+    return qobject_cast<frmDatosImpreso_B1_B3_B4*>(abrir({QStringLiteral("DATOSB1B3B4"), tipo}, operacion, clave));
 }
 
 // Lo que hará el usuario con el diálogo de la línea que se abrirá a continuación (modal).
@@ -136,9 +46,9 @@ void conDialogo(std::function<void(frmAddModDetalleFacturaHonorarios*)> accion)
 
 void escribirLinea(frmAddModDetalleFacturaHonorarios* d, const QString& concepto, const QString& importe)
 {
-    caja(d, "txt_Concepto")->setText(concepto);
-    caja(d, "txt_Importe")->setText(importe);
-    emit caja(d, "txt_Importe")->editingFinished();
+    control(d, "txt_Concepto")->setText(concepto);
+    control(d, "txt_Importe")->setText(importe);
+    emit control(d, "txt_Importe")->editingFinished();
 }
 
 // "Añadir", el diálogo y "Aceptar".
@@ -155,12 +65,11 @@ void anadirLinea(frmDatosImpreso_B1_B3_B4* f, const QString& concepto, const QSt
 // Proyecto, emisor y líneas: una factura lista para imprimir.
 void rellenarFactura(frmDatosImpreso_B1_B3_B4* f, const QStringList& importes, qint64 proyecto = 101, qint64 emisor = 11)
 {
-    caja(f, "txt_CodProyecto")->setText(QString::number(proyecto));
-    caja(f, "txt_Proyecto")->setText(QStringLiteral("Vivienda unifamiliar"));
-    caja(f, "txt_CodEmisor")->setText(QString::number(emisor));
-    caja(f, "txt_Emisor")->setText(QStringLiteral("Ana Ruiz Peña"));
-    caja(f, "txt_NumFactura")->setText(QStringLiteral("17/2008"));
-    caja(f, "txt_Fecha")->setText(QStringLiteral("5 de marzo de 2008"));
+    elegirProyecto(f, proyecto);
+    control(f, "txt_CodEmisor")->setText(QString::number(emisor));
+    control(f, "txt_Emisor")->setText(QStringLiteral("Ana Ruiz Peña"));
+    control(f, "txt_NumFactura")->setText(QStringLiteral("17/2008"));
+    control(f, "txt_Fecha")->setText(QStringLiteral("5 de marzo de 2008"));
     for (int i = 0; i < importes.size(); ++i)
         anadirLinea(f, QStringLiteral("Concepto %1").arg(i + 1), importes[i]);
 }
@@ -186,17 +95,6 @@ void seleccionarLinea(QWidget* f, int fila)
     lvw->clearSelection();
     if (fila >= 0)
         lvw->topLevelItem(fila)->setSelected(true);
-}
-
-// Textos compuestos del informe en curso, de todas sus hojas.
-QStringList textosInforme()
-{
-    QStringList r;
-    for (int i = 0; i < modInformes::Informe->numeroPaginas(); ++i)
-        for (const TrazoInforme& tr : modInformes::Informe->pagina(i).trazos)
-            if (tr.tipo == TrazoInforme::Texto)
-                r << tr.texto;
-    return r;
 }
 
 // ---------------------------------------------------------------- cálculo exacto, aparte
@@ -231,10 +129,8 @@ QString enLetraExacta(qint64 centimos)
 
 }  // namespace
 
-class tst_impresos_facturas : public QObject {
+class tst_impresos_facturas : public PruebaImpresos {
     Q_OBJECT
-
-    std::unique_ptr<EntornoPrueba> m_e;
 
     // Facturas guardadas directamente: emisor, proyecto, importe, retención y fecha del pie.
     static qint64 facturaGuardada(qint64 emisor, qint64 proyecto, const QVariant& importe, const QVariant& irpf,
@@ -245,21 +141,28 @@ class tst_impresos_facturas : public QObject {
         return ultimoIdentificador();
     }
 
+    // Estudio en Jaca con IVA 16 e IRPF 15; arquitectos 11 y 12, un contratista (30), dos clientes y
+    // cuatro proyectos: 101 y 103 del cliente 1, 102 del cliente 2, 104 sin cliente.
+    void poblar() override
+    {
+        UsoConexion uso;
+        ejecutar(QStringLiteral("DELETE FROM Config"));
+        ejecutar(QStringLiteral("INSERT INTO Config (Municipio, IVA, IRPF, AgenciaTributaria) VALUES ('Jaca', 16, 15, 'Huesca')"));
+        const QString otros = QStringLiteral("INSERT INTO OTROS (Codigo_Cli, Categoria, esS, NumColegiado, Nombre_Cli, Ape_Cli, NIF, "
+                                             "Dirección_Cli, Municipio_Cli, Provincia_Cli, Tfno_Cli, cp) VALUES (?,?,0,?,?,?,?,?,?,?,?,?)");
+        ejecutar(otros, {11, "ARQUITECTO", 1011, "Ana", "Ruiz Peña", "11111111H", "C/ Mayor 3", "Jaca", "Huesca", "974000011", "22700"});
+        ejecutar(otros, {12, "Arquitecto", 1012, "Luis", "Gil", "22222222J", "C/ Baja 1", "Sabiñánigo", "Huesca", "974000012", "22600"});
+        ejecutar(otros, {30, "CONSTRUCTOR", 0, "Obras Duero SA", QVariant(), "A33333333", "Pol. Sur", "Soria", "Soria", QVariant(), "42001"});
+        ejecutar(otros, {31, "ARQUITECTO TECNICO", 77, "Eva", "Sanz", "44444444A", QVariant(), "Huesca", "Huesca", QVariant(), QVariant()});
+        ejecutar(QStringLiteral("INSERT INTO Clientes (Codigo_Cli, Nombre_Cli, Ape_Cli, NIF, Dirección_Cli, Municipio_Cli, Provincia_Cli, "
+                                "Tfno_Cli, cp, esR) VALUES (1, 'Lucía', 'Ferrer Gil', '12345678Z', 'C/ Río 2', 'Jaca', 'Huesca', "
+                                "'974111111', '22700', -1), (2, 'Construcciones', 'Ebro SA', 'A22000001', NULL, 'Monzón', NULL, NULL, "
+                                "NULL, 1)"));
+        ejecutar(QStringLiteral("INSERT INTO Proyectos_A (PryCod, Trabajo, Codigo_Cliente) VALUES (101, 'Vivienda unifamiliar', 1), "
+                                "(102, 'Nave agrícola', 2), (103, 'Reforma de local', 1), (104, 'Refugio', NULL)"));
+    }
+
 private slots:
-    void initTestCase() { modInformes::inicializarRecursos(), frmMenu::instancia(); }
-
-    void init()
-    {
-        (m_e = std::make_unique<EntornoPrueba>())->conectar();
-        poblar();
-    }
-
-    void cleanup()
-    {
-        cerrarPantallas();
-        m_e.reset();
-    }
-
     // ------------------------------------------------------------ cadena de importes
 
     // Líneas → H → I → F → R → T → en letra, con los tipos de Config; "Sin retención" ajusta el
@@ -416,9 +319,9 @@ private slots:
         auto* f = factura();
         QString leido;
         conDialogo([&](frmAddModDetalleFacturaHonorarios* d) {
-            caja(d, "txt_Concepto")->setText(concepto);
-            QTest::keyClicks(caja(d, "txt_Importe"), tecleado);
-            emit caja(d, "txt_Importe")->editingFinished();
+            control(d, "txt_Concepto")->setText(concepto);
+            QTest::keyClicks(control(d, "txt_Importe"), tecleado);
+            emit control(d, "txt_Importe")->editingFinished();
             leido = texto(d, "txt_Importe");
             d->cmd_Aceptar_Click();
             if (d->isVisible()) {
@@ -515,7 +418,7 @@ private slots:
         sql("INSERT INTO Detalle_Factura_Honorarios (Id_Factura, Concepto, Importe) VALUES (?, 'De otra factura', 10)", {otra});
         auto* f = factura(tipo);
         rellenarFactura(f, {"600", "400"});
-        caja(f, "txt_NumRegCliente")->setText(QStringLiteral("R-5"));
+        control(f, "txt_NumRegCliente")->setText(QStringLiteral("R-5"));
         imprimir(f);
         QCOMPARE(m_e->textos(), QStringList());
         QVERIFY(!cargada("frmDatosImpreso_B1_B3_B4"));
@@ -569,7 +472,7 @@ private slots:
         auto* f = factura();
         rellenarFactura(f, {"1000"});
         control<QCheckBox>(f, "chk_Retencion")->setChecked(true);
-        caja(f, "txt_TotalAbonado_Texto")->setText(QStringLiteral("Mil ciento sesenta euros exactos"));
+        control(f, "txt_TotalAbonado_Texto")->setText(QStringLiteral("Mil ciento sesenta euros exactos"));
         imprimir(f);
         const qint64 clave = filas("SELECT Clave FROM datosB1B3B4")[0]["Clave"].toLongLong();
         sql("UPDATE Config SET IVA = 21");
@@ -629,11 +532,11 @@ private slots:
         auto* f = factura();
         rellenarFactura(f, falta == QStringLiteral("líneas") ? QStringList{} : QStringList{"100"});
         if (falta == QLatin1String("proyecto"))
-            caja(f, "txt_CodProyecto")->clear();
+            control(f, "txt_CodProyecto")->clear();
         if (falta == QLatin1String("emisor"))
             f->img_Borrar_Click(1);
         if (falta == QLatin1String("lugar"))
-            caja(f, "txt_Lugar")->setText(QStringLiteral("  "));
+            control(f, "txt_Lugar")->setText(QStringLiteral("  "));
         auto* lvw = control<QTreeWidget>(f, "lvw_Concepto");
         if (falta == QLatin1String("importe"))
             lvw->topLevelItem(0)->setText(1, QString());
@@ -670,7 +573,7 @@ private slots:
         if (cambio == QStringLiteral("retención"))
             control<QCheckBox>(f, "chk_Retencion")->setChecked(true);
         if (cambio == QStringLiteral("mayúsculas"))
-            caja(f, "txt_Lugar")->setText(QStringLiteral("JACA"));
+            control(f, "txt_Lugar")->setText(QStringLiteral("JACA"));
         m_e->respuestas << Respuesta::No;
         Pantallas::descargar(f);
         procesarEventos();
@@ -699,10 +602,7 @@ private slots:
         for (int i = 1; i <= 31; ++i)
             QCOMPARE(textos.count(QStringLiteral("Línea %1").arg(i)), 1);
         // Los totales, en la última hoja y tras la última línea.
-        QStringList ultima;
-        for (const TrazoInforme& tr : modInformes::Informe->pagina(modInformes::Informe->numeroPaginas() - 1).trazos)
-            if (tr.tipo == TrazoInforme::Texto)
-                ultima << tr.texto;
+        const QStringList ultima = textosInforme(modInformes::Informe->numeroPaginas() - 1);
         QVERIFY(ultima.indexOf(QStringLiteral("Línea 31")) >= 0);
         QVERIFY(ultima.indexOf(QStringLiteral("TOTAL ABONADO")) > ultima.indexOf(QStringLiteral("Línea 31")));
         QVERIFY(ultima.contains(letra));
@@ -732,12 +632,12 @@ private slots:
         facturaGuardada(11, 102, 700.0, 0.0);
         facturaGuardada(12, 101, 500.0, 75.0);
         facturaGuardada(11, 104, 300.0, 45.0);  // proyecto sin cliente: no es de nadie
-        DatosImpreso* f = abrir(QStringLiteral("DATOSB4"), QStringLiteral("B4_A"), QStringLiteral("ALTA"));
-        caja(f, "txt_CodPerceptor")->setText(QString::number(perceptor));
-        caja(f, "txt_Perceptor")->setText(QStringLiteral("Quien percibe"));
-        caja(f, "txt_CodPagador")->setText(QString::number(pagador));
-        caja(f, "txt_Pagador")->setText(QStringLiteral("Quien paga"));
-        caja(f, "txt_Ejercicio")->setText(QStringLiteral("2008"));
+        DatosImpreso* f = abrir({QStringLiteral("DATOSB4"), QStringLiteral("B4_A")}, QStringLiteral("ALTA"));
+        control(f, "txt_CodPerceptor")->setText(QString::number(perceptor));
+        control(f, "txt_Perceptor")->setText(QStringLiteral("Quien percibe"));
+        control(f, "txt_CodPagador")->setText(QString::number(pagador));
+        control(f, "txt_Pagador")->setText(QStringLiteral("Quien paga"));
+        control(f, "txt_Ejercicio")->setText(QStringLiteral("2008"));
         imprimir(f);
         QCOMPARE(m_e->textos(), QStringList());
 
@@ -772,7 +672,7 @@ private slots:
     void certificadoPropio()
     {
         frmMenu::instancia()->show();
-        DatosImpreso* f = abrir(QStringLiteral("DATOSB4"), QStringLiteral("B4_P"), QStringLiteral("ALTA"));
+        DatosImpreso* f = abrir({QStringLiteral("DATOSB4"), QStringLiteral("B4_P")}, QStringLiteral("ALTA"));
         control<QToolButton>(f, "img_Buscar_0")->click();
         auto* tipo = Pantallas::cargada<frmSeleccionarTipoPerceptor>();
         QVERIFY(tipo);
@@ -792,11 +692,7 @@ private slots:
         s = Pantallas::cargada<frmBuscarSeleccionar>();
         QVERIFY(s);
         QCOMPARE(s->windowTitle() + "|" + s->ClaveRetorno, QStringLiteral("Buscar arquitecto|FRMDATOSIMPRESOB4_PROPIO_PAGADOR"));
-        for (int i = 0; i < s->filasResultado().size(); ++i)
-            if (s->filasResultado()[i].clave == QLatin1String("11"))
-                s->seleccionarFila(i);
-        s->cmd_Seleccionar_Click();
-        procesarEventos();
+        elegir(11);
         QCOMPARE(texto(f, "txt_Pagador"), QStringLiteral("Ana Ruiz Peña"));
 
         // Elegir otra familia y cerrar el selector sin elegir no cambia el tipo de quien ya está.
@@ -807,10 +703,10 @@ private slots:
         procesarEventos();
         QCOMPARE(texto(f, "txt_TipoPerceptor"), QStringLiteral("CO"));
 
-        caja(f, "txt_Ejercicio")->setText(QStringLiteral("2009"));
+        control(f, "txt_Ejercicio")->setText(QStringLiteral("2009"));
         for (const auto& [campo, valor] : {std::pair{"txt_Rendimientos", "1234,5"}, std::pair{"txt_Retencion", "234,5"}}) {
-            caja(f, campo)->setText(QString::fromLatin1(valor));
-            emit caja(f, campo)->editingFinished();
+            control(f, campo)->setText(QString::fromLatin1(valor));
+            emit control(f, campo)->editingFinished();
         }
         QCOMPARE(texto(f, "txt_Rendimientos") + "|" + texto(f, "txt_Retencion") + "|" + texto(f, "txt_ImporteIntegro"),
                  QStringLiteral("1234,50|234,50|1000,00"));
@@ -850,14 +746,14 @@ private slots:
         QFETCH(QString, tecleado);
         QFETCH(QString, pantalla);
         QFETCH(QString, tabla);
-        DatosImpreso* f = abrir(QStringLiteral("DATOSB4"), QStringLiteral("B4_P"), QStringLiteral("ALTA"));
+        DatosImpreso* f = abrir({QStringLiteral("DATOSB4"), QStringLiteral("B4_P")}, QStringLiteral("ALTA"));
         for (const char* c : {"txt_CodPerceptor", "txt_CodPagador"})
-            caja(f, c)->setText(QStringLiteral("11"));
+            control(f, c)->setText(QStringLiteral("11"));
         for (const char* c : {"txt_Perceptor", "txt_Pagador"})
-            caja(f, c)->setText(QStringLiteral("Ana Ruiz Peña"));
-        caja(f, "txt_TipoPerceptor")->setText(QStringLiteral("AR"));
-        caja(f, "txt_Ejercicio")->setText(QStringLiteral("2009"));
-        QLineEdit* c = caja(f, campo.toLatin1().constData());
+            control(f, c)->setText(QStringLiteral("Ana Ruiz Peña"));
+        control(f, "txt_TipoPerceptor")->setText(QStringLiteral("AR"));
+        control(f, "txt_Ejercicio")->setText(QStringLiteral("2009"));
+        QLineEdit* c = control(f, campo);
         QTest::keyClicks(c, tecleado);
         emit c->editingFinished();
         QCOMPARE(c->text(), pantalla);
@@ -882,13 +778,13 @@ private slots:
         QFETCH(QString, tecleada);
         QFETCH(QVariant, guardada);
         QFETCH(QString, alReabrir);
-        DatosImpreso* f = abrir(QStringLiteral("DATOSB4"), QStringLiteral("B4_A"), QStringLiteral("ALTA"));
-        caja(f, "txt_CodPerceptor")->setText(QStringLiteral("11"));
-        caja(f, "txt_Perceptor")->setText(QStringLiteral("Ana"));
-        caja(f, "txt_CodPagador")->setText(QStringLiteral("1"));
-        caja(f, "txt_Pagador")->setText(QStringLiteral("Lucía"));
-        caja(f, "txt_Ejercicio")->setText(QStringLiteral("2009"));
-        QLineEdit* msk = caja(f, "msk_FechaPresentacion");
+        DatosImpreso* f = abrir({QStringLiteral("DATOSB4"), QStringLiteral("B4_A")}, QStringLiteral("ALTA"));
+        control(f, "txt_CodPerceptor")->setText(QStringLiteral("11"));
+        control(f, "txt_Perceptor")->setText(QStringLiteral("Ana"));
+        control(f, "txt_CodPagador")->setText(QStringLiteral("1"));
+        control(f, "txt_Pagador")->setText(QStringLiteral("Lucía"));
+        control(f, "txt_Ejercicio")->setText(QStringLiteral("2009"));
+        QLineEdit* msk = control(f, "msk_FechaPresentacion");
         QCOMPARE(msk->displayText(), QStringLiteral("__/__/____"));
         msk->setCursorPosition(0);
         QTest::keyClicks(msk, tecleada);
@@ -896,8 +792,8 @@ private slots:
         const auto h = filas("SELECT * FROM datosB4");
         QCOMPARE(h[0]["FechaPresentacion"].isNull(), guardada.isNull());
         QCOMPARE(h[0]["FechaPresentacion"].toString(), guardada.toString());
-        f = abrir(QStringLiteral("DATOSB4"), QStringLiteral("B4_A"), QStringLiteral("MODIFICAR"), h[0]["Clave"].toLongLong());
-        QCOMPARE(caja(f, "msk_FechaPresentacion")->displayText(), alReabrir);
+        f = abrir({QStringLiteral("DATOSB4"), QStringLiteral("B4_A")}, QStringLiteral("MODIFICAR"), h[0]["Clave"].toLongLong());
+        QCOMPARE(control(f, "msk_FechaPresentacion")->displayText(), alReabrir);
         QVERIFY(!f->hayCambios());
         if (!guardada.isNull())
             QVERIFY(textosInforme().contains(alReabrir));
@@ -924,7 +820,7 @@ private slots:
         QFETCH(QString, tipo);
         QFETCH(QString, falta);
         QFETCH(QString, aviso);
-        DatosImpreso* f = abrir(QStringLiteral("DATOSB4"), tipo, QStringLiteral("ALTA"));
+        DatosImpreso* f = abrir({QStringLiteral("DATOSB4"), tipo}, QStringLiteral("ALTA"));
         // Todo escrito salvo lo que falta en cada caso.
         const QList<std::pair<QString, QStringList>> campos = {{"perceptor", {"txt_CodPerceptor=11", "txt_Perceptor=Ana"}},
                                                                {"pagador", {"txt_CodPagador=1", "txt_Pagador=Lucía"}},
@@ -932,13 +828,13 @@ private slots:
         for (const auto& [grupo, pares] : campos)
             if (grupo != falta)
                 for (const QString& par : pares)
-                    caja(f, par.section('=', 0, 0).toLatin1().constData())->setText(par.section('=', 1));
+                    control(f, par.section('=', 0, 0))->setText(par.section('=', 1));
         if (falta == QLatin1String("fecha"))
-            caja(f, "msk_FechaPresentacion")->setText(QStringLiteral("31/02/2009"));
+            control(f, "msk_FechaPresentacion")->setText(QStringLiteral("31/02/2009"));
         if (falta == QLatin1String("pie"))
-            caja(f, "txt_Fecha")->clear();
+            control(f, "txt_Fecha")->clear();
         if (falta == QLatin1String("importe"))
-            caja(f, "txt_Retencion")->setText(QStringLiteral("-"));
+            control(f, "txt_Retencion")->setText(QStringLiteral("-"));
         imprimir(f);
         QCOMPARE(m_e->textos(), QStringList{aviso});
         QVERIFY(filas("SELECT * FROM datosB4").isEmpty());
@@ -948,12 +844,12 @@ private slots:
     // columnas sin poner; lo demás sigue.
     void personasNoHalladas()
     {
-        DatosImpreso* f = abrir(QStringLiteral("DATOSB4"), QStringLiteral("B4_A"), QStringLiteral("ALTA"));
-        caja(f, "txt_CodPerceptor")->setText(QStringLiteral("11"));
-        caja(f, "txt_Perceptor")->setText(QStringLiteral("Ana"));
-        caja(f, "txt_CodPagador")->setText(QStringLiteral("9"));
-        caja(f, "txt_Pagador")->setText(QStringLiteral("Borrado"));
-        caja(f, "txt_Ejercicio")->setText(QStringLiteral("2009"));
+        DatosImpreso* f = abrir({QStringLiteral("DATOSB4"), QStringLiteral("B4_A")}, QStringLiteral("ALTA"));
+        control(f, "txt_CodPerceptor")->setText(QStringLiteral("11"));
+        control(f, "txt_Perceptor")->setText(QStringLiteral("Ana"));
+        control(f, "txt_CodPagador")->setText(QStringLiteral("9"));
+        control(f, "txt_Pagador")->setText(QStringLiteral("Borrado"));
+        control(f, "txt_Ejercicio")->setText(QStringLiteral("2009"));
         sql("DELETE FROM OTROS WHERE Codigo_Cli = 11");
         imprimir(f);
         const QString per = QStringLiteral("No se han podido cargar los datos del perceptor");
@@ -996,3 +892,4 @@ private slots:
 
 PRUEBA_PANTALLAS(tst_impresos_facturas)
 #include "tst_impresos_facturas.moc"
+#include "moc_PruebaImpresos.cpp"
