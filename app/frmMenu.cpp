@@ -295,6 +295,18 @@ void frmMenu::mnu_AyudaSimbolos_Click()
 
 void frmMenu::closeEvent(QCloseEvent* e)
 {
+    // Como al descargar la principal de siempre: antes, cada pantalla abierta se cierra con su
+    // propia pregunta (un texto del editor o una ficha con cambios no se pierden en silencio), y
+    // una que se queda abierta detiene la salida.
+    QList<QPointer<QWidget>> abiertas;
+    for (QWidget* w : Pantallas::cargadas())
+        if (w != this)
+            abiertas << w;
+    for (const QPointer<QWidget>& w : abiertas)
+        if (w && !Pantallas::descargar(w)) {
+            e->ignore();
+            return;
+        }
     bool cancelar = false;
     guardia(FORMULARIO, QStringLiteral("MDIForm_Unload"), [&] {
         if (Mensajes::pregunta(QStringLiteral("¿Desea salir del programa?"), Mensajes::Respuesta::No) != Mensajes::Respuesta::Si) {
