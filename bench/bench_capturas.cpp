@@ -1,14 +1,16 @@
 // Capturas de la ventana principal a 1366×768 para mirarlas: la lista de un impreso, la ficha del
-// proyecto y el menú "Ventana" con las pantallas abiertas. Uso: bench_capturas carpeta
+// proyecto, el menú "Ventana" con las pantallas abiertas y el editor con un contrato. Uso: bench_capturas carpeta
 // (mejor bajo xvfb-run -s '-screen 0 1366x768x24'; sin pantalla sirve QT_QPA_PLATFORM=offscreen).
 #include "app/Aplicacion.h"
 #include "app/frmMenu.h"
 #include "core/BaseDatos.h"
 #include "core/Fichas.h"
 #include "core/Pantallas.h"
+#include "core/Programa.h"
 #include "reports/modInformes.h"
 #include "search/AbrirBusqueda.h"
 #include "tests/comun/EntornoPrueba.h"
+#include "tools/frmEditorRTF.h"
 
 #include <QApplication>
 #include <QMdiArea>
@@ -78,5 +80,10 @@ int main(int argc, char** argv)
     ventana->hide();
     fondo.save(carpeta + QStringLiteral("/principal-menu-ventana.png"));
     std::printf("%s\n", qPrintable(carpeta + QStringLiteral("/principal-menu-ventana.png")));
+
+    // El editor con un contrato, pasado como lo pasa la línea de mandatos.
+    Programa::fijarLineaMandatos(QStringLiteral("\"" DIRECTORIO_FUENTES "/resources/Contratos/Nota_encargo.doc\""));
+    frmEditorRTF::abrir();
+    guardar(menu, carpeta + QStringLiteral("/principal-editor.png"));
     return 0;
 }
