@@ -27,7 +27,7 @@ const QString PROGRAMA = QStringLiteral(" - PLANORUM MIRVADE");
 const QString NO_ENCONTRADO = QStringLiteral("Texto no encontrado o no hay más ocurrencias en el documento");
 const QString TEXTO_BUSQUEDA = QStringLiteral("El camión de Ávila.\nOtro CAMIÓN aparcado junto al Camión grande.\nLa camioneta.");
 
-// Un RTF que cualquier lector deja con el texto "Contrato de Íñigo" (bytes de la página 1252).
+// Un RTF con ese texto (bytes de la página 1252): el lector provisional y el completo lo dejan igual.
 QByteArray rtfCon(const QByteArray& texto) { return "{\\rtf1\\ansi\\ansicpg1252\\deff0 " + texto + "\\par}"; }
 
 QByteArray leerFichero(const QString& ruta)
@@ -508,42 +508,18 @@ private slots:
         QVERIFY(!t->textCursor().currentList());
     }
 
-    // Cada mandato con su nombre, su texto y un atajo que no choca con otro ni con los del cuadro de
-    // texto: pulsado con el foco en el texto, lo atiende el editor.
-    void mandatosYAtajos()
+    // Ningún atajo choca con otro ni con los del cuadro de texto: pulsado con el foco en el texto, lo
+    // atiende el mandato del editor.
+    void atajos()
     {
         frmEditorRTF* f = editorCon(QStringLiteral("uno dos"));
-        const QList<QPair<QString, QString>> textos = {
-            {QStringLiteral("mnuArchivoNuevo"), QStringLiteral("&Nuevo")},
-            {QStringLiteral("mnuArchivoAbrir"), QStringLiteral("&Abrir...")},
-            {QStringLiteral("mnuArchivoGuardar"), QStringLiteral("&Guardar")},
-            {QStringLiteral("mnuArchivoGuardarComo"), QStringLiteral("G&uardar como...")},
-            {QStringLiteral("mnuArchivoSalir"), QStringLiteral("&Salir")},
-            {QStringLiteral("mnuEdicionCortar"), QStringLiteral("Cor&tar")},
-            {QStringLiteral("mnuEdicionCopiar"), QStringLiteral("&Copiar")},
-            {QStringLiteral("mnuEdicionPegar"), QStringLiteral("&Pegar")},
-            {QStringLiteral("opEliminar"), QStringLiteral("&Eliminar")},
-            {QStringLiteral("opBuscar"), QStringLiteral("B&uscar")},
-            {QStringLiteral("opReemplazar"), QStringLiteral("&Reemplazar")},
-            {QStringLiteral("mnu_Negrita"), QStringLiteral("&Negrita")},
-            {QStringLiteral("mnu_Subrayada"), QStringLiteral("&Subrayada")},
-            {QStringLiteral("mnu_Cursiva"), QStringLiteral("&Cursiva")},
-            {QStringLiteral("mnu_Tachada"), QStringLiteral("&Tachada")},
-        };
-        for (const auto& [nombre, texto] : textos)
-            QCOMPARE(accion(f, nombre)->text(), texto);
-        for (const char* n : {"subImpresora", "subImprimir", "subDeshacer", "subSeleccTodo", "subHoraFecha", "subajuste", "subFuente",
-                              "subVinetas", "subIzquierda", "subCentrado", "subDerecha"})
-            accion(f, QString::fromLatin1(n));
-        for (const char* n : {"tlb_1", "Toolbar1", "txtEditor", "sta_1"})
-            control(f, QString::fromLatin1(n));
-
         // El cuadro de texto atiende él mismo deshacer, cortar, copiar, pegar y suprimir.
         const QStringList propios = {QStringLiteral("subDeshacer"), QStringLiteral("mnuEdicionCortar"), QStringLiteral("mnuEdicionCopiar"),
                                      QStringLiteral("mnuEdicionPegar"), QStringLiteral("opEliminar")};
         QTextEdit* t = f->editor();
-        t->setFocus();
+        frmMenu::instancia()->activateWindow();
         QVERIFY(QTest::qWaitForWindowActive(frmMenu::instancia()));
+        t->setFocus();
         QSet<QKeySequence> vistos;
         for (QAction* a : f->actions()) {
             if (a->shortcut().isEmpty())
