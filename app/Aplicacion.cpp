@@ -86,6 +86,9 @@ int ejecutar(int argc, char* argv[])
     QApplication app(argc, argv);
     QApplication::setApplicationName(QStringLiteral("PLANORUM MIRVADE"));
     QApplication::setWindowIcon(Iconos::iconoPrograma());
+    // Qt ya ha quitado sus propias opciones; lo que queda es el fichero que abrirá el editor. Una
+    // segunda instancia con un fichero termina igual que sin él.
+    Programa::fijarLineaMandatos(QCoreApplication::arguments().mid(1).join(QLatin1Char(' ')));
     prepararEntorno();
 
     auto* inicio = new frmInicio;

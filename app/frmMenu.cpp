@@ -12,6 +12,7 @@
 #include "forms/AbrirImpreso.h"
 #include "search/AbrirBusqueda.h"
 #include "tools/frmCopiaSeguridad.h"
+#include "tools/frmEditorRTF.h"
 #include "tools/frmRestaurarCopiaSeguridad.h"
 #include "ui_frmMenu.h"
 
@@ -187,7 +188,6 @@ void frmMenu::habilitarEntradas()
     ui->mnu_RealizarCopia->setEnabled(true);
     ui->mnu_RestaurarCopia->setEnabled(true);
     ui->mnu_Contrato->setEnabled(true);
-    ui->mnu_Editor->setEnabled(false);
 }
 
 void frmMenu::abrirListaMaestra(const QString& tabla)
@@ -269,7 +269,10 @@ void frmMenu::mnu_ListaChequeo_Click(int indice)
     });
 }
 
-void frmMenu::mnu_Editor_Click() {}
+void frmMenu::mnu_Editor_Click()
+{
+    guardia(FORMULARIO, QStringLiteral("mnu_Editor_Click"), [&] { frmEditorRTF::abrir(); });
+}
 
 void frmMenu::mnu_Indice_Click()
 {

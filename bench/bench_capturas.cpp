@@ -1,6 +1,6 @@
 // Capturas de la ventana principal a 1366×768 para mirarlas: la lista de un impreso, la ficha del
-// proyecto, el menú "Ventana" con las pantallas abiertas, y el registro de contratos con el alta de
-// un documento. Uso: bench_capturas carpeta
+// proyecto, el menú "Ventana" con las pantallas abiertas, el registro de contratos con el alta de
+// un documento y el editor con un contrato. Uso: bench_capturas carpeta
 // (mejor bajo xvfb-run -s '-screen 0 1366x768x24'; sin pantalla sirve QT_QPA_PLATFORM=offscreen).
 #include "app/Aplicacion.h"
 #include "app/frmMenu.h"
@@ -9,9 +9,11 @@
 #include "core/BaseDatos.h"
 #include "core/Fichas.h"
 #include "core/Pantallas.h"
+#include "core/Programa.h"
 #include "reports/modInformes.h"
 #include "search/AbrirBusqueda.h"
 #include "tests/comun/EntornoPrueba.h"
+#include "tools/frmEditorRTF.h"
 
 #include <QApplication>
 #include <QMdiArea>
@@ -94,5 +96,13 @@ int main(int argc, char** argv)
     guardar(menu, carpeta + QStringLiteral("/principal-contratos.png"));
     frmAddModContrato::alta(QStringLiteral("1"));
     guardar(menu, carpeta + QStringLiteral("/principal-contrato-alta.png"));
+
+    for (QWidget* w : Pantallas::cargadas())
+        if (w != menu)
+            Pantallas::descargar(w);
+    // El editor con un contrato, pasado como lo pasa la línea de mandatos.
+    Programa::fijarLineaMandatos(QStringLiteral("\"" DIRECTORIO_FUENTES "/resources/Contratos/Nota_encargo.doc\""));
+    frmEditorRTF::abrir();
+    guardar(menu, carpeta + QStringLiteral("/principal-editor.png"));
     return 0;
 }

@@ -62,6 +62,34 @@ void letrero(QPainter& p, const QRectF& r, const QColor& fondo, const QString& t
     p.drawText(r, Qt::AlignCenter, texto);
 }
 
+// Letra de las órdenes de formato (negrita, cursiva...), en negro sobre fondo transparente.
+void letraFormato(QPainter& p, const QRectF& r, const QString& texto, const QFont& base)
+{
+    QFont f = base;
+    f.setPixelSize(static_cast<int>(r.height() * (texto.size() > 1 ? 0.5 : 0.72)));
+    p.setFont(f);
+    p.setPen(GRIS_OSCURO.darker(160));
+    p.drawText(r, Qt::AlignCenter, texto);
+}
+
+// Renglones de un párrafo alineados a un lado o al centro.
+void renglones(QPainter& p, const QRectF& r, Qt::Alignment alineacion)
+{
+    const double w = r.width();
+    p.setPen(QPen(GRIS_OSCURO, w / 14.0, Qt::SolidLine, Qt::FlatCap));
+    const double largos[] = {0.76, 0.5, 0.76, 0.6, 0.76};
+    for (int i = 0; i < 5; ++i) {
+        const double largo = w * largos[i];
+        double x = r.left() + w * 0.12;
+        if (alineacion == Qt::AlignHCenter)
+            x = r.center().x() - largo / 2;
+        else if (alineacion == Qt::AlignRight)
+            x = r.right() - w * 0.12 - largo;
+        const double y = r.top() + w * (0.18 + i * 0.16);
+        p.drawLine(QPointF(x, y), QPointF(x + largo, y));
+    }
+}
+
 void dibujar(QPainter& p, const QString& n, const QRectF& r)
 {
     const double w = r.width();
@@ -130,6 +158,70 @@ void dibujar(QPainter& p, const QString& n, const QRectF& r)
         letrero(p, r, OCRE, QStringLiteral("%"));
     } else if (n == QLatin1String("fecha")) {
         letrero(p, r, AZUL, QStringLiteral("31"));
+    } else if (n == QLatin1String("abrir")) {
+        p.setPen(QPen(OCRE.darker(130), w / 24.0));
+        p.setBrush(OCRE.lighter(130));
+        p.drawRect(QRectF(r.left() + w * 0.08, r.top() + w * 0.22, w * 0.8, w * 0.6));
+        p.setBrush(OCRE);
+        p.drawPolygon(QPolygonF({QPointF(r.left() + w * 0.08, r.bottom() - w * 0.18), QPointF(r.left() + w * 0.24, r.top() + w * 0.42),
+                                 QPointF(r.right() - w * 0.02, r.top() + w * 0.42), QPointF(r.right() - w * 0.14, r.bottom() - w * 0.18)}));
+    } else if (n == QLatin1String("guardar")) {
+        p.setPen(QPen(AZUL.darker(140), w / 24.0));
+        p.setBrush(AZUL);
+        p.drawRoundedRect(QRectF(r.left() + w * 0.12, r.top() + w * 0.12, w * 0.76, w * 0.76), w * 0.06, w * 0.06);
+        p.setBrush(Qt::white);
+        p.drawRect(QRectF(r.left() + w * 0.26, r.top() + w * 0.12, w * 0.48, w * 0.3));
+        p.setBrush(QColor(200, 200, 200));
+        p.drawRect(QRectF(r.left() + w * 0.3, r.top() + w * 0.58, w * 0.4, w * 0.3));
+    } else if (n == QLatin1String("cortar")) {
+        p.setPen(QPen(GRIS_OSCURO, w / 14.0, Qt::SolidLine, Qt::RoundCap));
+        p.setBrush(Qt::NoBrush);
+        p.drawLine(QPointF(r.left() + w * 0.3, r.top() + w * 0.1), QPointF(r.left() + w * 0.62, r.top() + w * 0.62));
+        p.drawLine(QPointF(r.right() - w * 0.3, r.top() + w * 0.1), QPointF(r.right() - w * 0.62, r.top() + w * 0.62));
+        p.setPen(QPen(ROJO, w / 14.0));
+        p.drawEllipse(QRectF(r.left() + w * 0.14, r.top() + w * 0.6, w * 0.26, w * 0.26));
+        p.drawEllipse(QRectF(r.right() - w * 0.4, r.top() + w * 0.6, w * 0.26, w * 0.26));
+    } else if (n == QLatin1String("copiar")) {
+        hoja(p, QRectF(r.left() - w * 0.12, r.top() - w * 0.08, w * 0.8, w * 0.8), AZUL);
+        hoja(p, QRectF(r.left() + w * 0.28, r.top() + w * 0.24, w * 0.8, w * 0.8), AZUL);
+    } else if (n == QLatin1String("pegar")) {
+        p.setPen(QPen(OCRE.darker(150), w / 24.0));
+        p.setBrush(OCRE.darker(120));
+        p.drawRoundedRect(QRectF(r.left() + w * 0.14, r.top() + w * 0.12, w * 0.62, w * 0.8), w * 0.06, w * 0.06);
+        p.setBrush(QColor(200, 200, 200));
+        p.drawRect(QRectF(r.left() + w * 0.32, r.top() + w * 0.06, w * 0.26, w * 0.12));
+        hoja(p, QRectF(r.left() + w * 0.34, r.top() + w * 0.3, w * 0.66, w * 0.66), AZUL);
+    } else if (n == QLatin1String("deshacer")) {
+        p.setPen(QPen(AZUL, w / 9.0, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+        p.setBrush(Qt::NoBrush);
+        p.drawArc(QRectF(r.left() + w * 0.2, r.top() + w * 0.3, w * 0.62, w * 0.52), 180 * 16, -200 * 16);
+        p.drawPolyline(QPolygonF({QPointF(r.left() + w * 0.08, r.top() + w * 0.38), QPointF(r.left() + w * 0.2, r.top() + w * 0.58),
+                                  QPointF(r.left() + w * 0.4, r.top() + w * 0.46)}));
+    } else if (n == QLatin1String("negrita") || n == QLatin1String("cursiva") || n == QLatin1String("subrayada")
+               || n == QLatin1String("tachada")) {
+        // Las letras de los procesadores de texto en español: N, K, S.
+        QFont f(QStringLiteral("Liberation Serif"));
+        f.setBold(n == QLatin1String("negrita"));
+        f.setItalic(n == QLatin1String("cursiva"));
+        f.setUnderline(n == QLatin1String("subrayada"));
+        f.setStrikeOut(n == QLatin1String("tachada"));
+        const char* letra = f.bold() ? "N" : f.italic() ? "K" : f.underline() ? "S" : "abc";
+        letraFormato(p, r, QString::fromLatin1(letra), f);
+    } else if (n == QLatin1String("izquierda")) {
+        renglones(p, r, Qt::AlignLeft);
+    } else if (n == QLatin1String("centrado")) {
+        renglones(p, r, Qt::AlignHCenter);
+    } else if (n == QLatin1String("derecha")) {
+        renglones(p, r, Qt::AlignRight);
+    } else if (n == QLatin1String("vinetas")) {
+        for (int i = 0; i < 3; ++i) {
+            const double y = r.top() + w * (0.24 + i * 0.26);
+            p.setPen(Qt::NoPen);
+            p.setBrush(AZUL);
+            p.drawEllipse(QPointF(r.left() + w * 0.18, y), w * 0.07, w * 0.07);
+            p.setPen(QPen(GRIS_OSCURO, w / 14.0));
+            p.drawLine(QPointF(r.left() + w * 0.36, y), QPointF(r.right() - w * 0.1, y));
+        }
     } else {
         letrero(p, r, GRIS_OSCURO, n.left(1).toUpper());
     }

@@ -10,7 +10,9 @@ namespace Iconos {
 
 // Nombres: "proyecto", "arquitecto", "aparejador", "contratista", "cliente", "ayuda", "salir",
 // "buscar", "listado", "excel", "pdf", "impresoBlanco", "nuevo", "editar", "eliminar",
-// "validar", "seleccionar", "borrar", "porcentajes", "imprimir", "informacion", "fecha".
+// "validar", "seleccionar", "borrar", "porcentajes", "imprimir", "informacion", "fecha"; los del
+// editor: "abrir", "guardar", "cortar", "copiar", "pegar", "deshacer", "negrita", "cursiva",
+// "subrayada", "tachada", "izquierda", "centrado", "derecha", "vinetas".
 enum class Tinta { Color, Gris };
 QPixmap pixmap(const QString& nombre, int lado = 32, Tinta tinta = Tinta::Color);
 QIcon icono(const QString& nombre, int lado = 32);             // en color

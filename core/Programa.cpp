@@ -9,6 +9,7 @@ namespace Programa {
 namespace {
 bool finPedido = false;
 bool bucle = false;
+QString linea;
 }  // namespace
 
 void terminar()
@@ -23,6 +24,14 @@ bool terminado() { return finPedido; }
 
 void bucleEnMarcha(bool enMarcha) { bucle = enMarcha; }
 
-void reiniciar() { finPedido = false; }
+void reiniciar()
+{
+    finPedido = false;
+    linea.clear();
+}
+
+void fijarLineaMandatos(const QString& l) { linea = l; }
+
+QString lineaMandatos() { return linea; }
 
 }  // namespace Programa

@@ -22,6 +22,11 @@ ElectorFichero& electorFichero()
     static ElectorFichero e;
     return e;
 }
+ElectorFichero& electorGuardar()
+{
+    static ElectorFichero e;
+    return e;
+}
 Abridor& abridor()
 {
     static Abridor a;
@@ -47,6 +52,16 @@ QString elegirFichero(const QString& titulo, const QString& filtro)
     if (electorFichero())
         return electorFichero()(titulo, filtro);
     const QString f = QFileDialog::getOpenFileName(Pantallas::ventanaPrincipal(), titulo, QString(), filtro);
+    return QDir::toNativeSeparators(f);
+}
+
+void instalarElectorGuardar(ElectorFichero e) { electorGuardar() = std::move(e); }
+
+QString elegirFicheroGuardar(const QString& titulo, const QString& filtro, const QString& propuesto)
+{
+    if (electorGuardar())
+        return electorGuardar()(titulo, filtro);
+    const QString f = QFileDialog::getSaveFileName(Pantallas::ventanaPrincipal(), titulo, propuesto, filtro);
     return QDir::toNativeSeparators(f);
 }
 

@@ -17,6 +17,11 @@ void instalarElectorFichero(ElectorFichero e);
 // "Copia de seguridad (*.mee)".
 QString elegirFichero(const QString& titulo, const QString& filtro);
 
+// Nombre elegido para guardar un fichero (puede no existir), o "" si el usuario cancela. Las pruebas
+// lo contestan con el mismo contestador que el de abrir.
+void instalarElectorGuardar(ElectorFichero e);
+QString elegirFicheroGuardar(const QString& titulo, const QString& filtro, const QString& propuesto);
+
 // Resultado al estilo de la orden "abrir" del sistema: mayor que 32 si se ha abierto,
 // 2 si el fichero no existe, 31 si no hay programa asociado a su tipo.
 using Abridor = std::function<int(const QString& ruta)>;

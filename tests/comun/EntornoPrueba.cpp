@@ -34,11 +34,13 @@ EntornoPrueba::EntornoPrueba(bool conIni, bool conBaseDatos)
         titulosCarpeta << titulo;
         return carpetas.isEmpty() ? QString() : carpetas.takeFirst();
     });
-    Sistema::instalarElectorFichero([this](const QString& titulo, const QString& filtro) {
+    const auto elector = [this](const QString& titulo, const QString& filtro) {
         titulosFichero << titulo;
         filtrosFichero << filtro;
         return ficheros.isEmpty() ? QString() : ficheros.takeFirst();
-    });
+    };
+    Sistema::instalarElectorFichero(elector);
+    Sistema::instalarElectorGuardar(elector);
     Sistema::instalarAbridor([this](const QString& ruta) {
         abiertos << ruta;
         return resultadoAbrir;
@@ -52,6 +54,7 @@ EntornoPrueba::~EntornoPrueba()
     Mensajes::instalarContestador({});
     Sistema::instalarElectorCarpeta({});
     Sistema::instalarElectorFichero({});
+    Sistema::instalarElectorGuardar({});
     Sistema::instalarAbridor({});
 }
 

@@ -31,7 +31,7 @@ public:
     // Diálogo de carpetas: respuestas en orden ("" es cancelar); títulos pedidos.
     QStringList carpetas;
     QStringList titulosCarpeta;
-    // Diálogo de abrir fichero: respuestas en orden ("" es cancelar); títulos y filtros pedidos.
+    // Diálogos de abrir y de guardar fichero: respuestas en orden ("" es cancelar); títulos y filtros pedidos.
     QStringList ficheros;
     QStringList titulosFichero;
     QStringList filtrosFichero;
