@@ -83,9 +83,8 @@ private:
 
 int Escritor::fuente(const QString& familia)
 {
-    QString nombre = familia;
-    nombre.remove(u';');
-    if (nombre.trimmed().isEmpty())
+    QString nombre = nombreFuente(familia);
+    if (nombre.isEmpty())
         nombre = QStringLiteral("Arial");
     const int i = int(fuentes_.indexOf(nombre));
     if (i >= 0)

@@ -112,6 +112,18 @@ EstiloLista lista(int nivel, QTextListFormat::Style estilo)
 
 QChar primero(const QString& s) { return s.isEmpty() ? QChar() : s.at(0); }
 
+// Prefijo o sufijo del número de una lista sin lo que no se ve ni cabe en \leveltext: controles,
+// tabuladores, saltos de línea y marcas internas de Qt.
+QString textoDeNumero(QString texto)
+{
+    texto.removeIf([](QChar c) {
+        const char16_t u = c.unicode();
+        return u < 0x20 || (u >= 0x7F && u < 0xA0) || u == QChar::LineSeparator || u == QChar::ParagraphSeparator
+               || u == QChar::ObjectReplacementCharacter || u == 0xFDD0 || u == 0xFDD1;
+    });
+    return texto;
+}
+
 struct Parrafo {
     Qt::Alignment alineacion = Qt::AlignLeft;
     int izquierda = 0, derecha = 0, primera = 0, antes = 0, despues = 0;  // twips
@@ -444,8 +456,14 @@ void Lector::palabraControl(std::string_view nombre, bool hay, int valor)
         return;
     }
     const Palabra p = palabra(nombre);
-    if (puedeSerDestino && exceso_ == 0 && destino(nombre, p, asterisco))
-        return;
+    if (puedeSerDestino && exceso_ == 0) {
+        if (destino(nombre, p, asterisco))
+            return;
+        if (asterisco) {  // un destino conocido fuera de su sitio: se salta como uno desconocido
+            g().destino = Destino::Saltar;
+            return;
+        }
+    }
     if (p == Palabra::u) {
         // Un carácter Unicode (con signo, en 16 bits) y detrás los \uc de sustitución, que se saltan.
         const int c = valor < 0 ? valor + 65536 : valor;
@@ -858,8 +876,8 @@ void Lector::terminarParrafo(bool otro)
             f.setIndent(lista.nivel + 1);
             if (lista.estilo != QTextListFormat::ListDisc && lista.estilo != QTextListFormat::ListCircle
                 && lista.estilo != QTextListFormat::ListSquare) {
-                f.setNumberPrefix(lista.prefijo);
-                f.setNumberSuffix(lista.sufijo);
+                f.setNumberPrefix(textoDeNumero(lista.prefijo));
+                f.setNumberSuffix(textoDeNumero(lista.sufijo));
             }
             listasQt_.insert(clave, cursor_.createList(f)->objectIndex());
         }
@@ -967,7 +985,7 @@ QTextBlockFormat Lector::formatoBloque(const Parrafo& p, bool enLista) const
 
 void Lector::cerrarFuente()
 {
-    QString nombre = nombreFuente_.trimmed();
+    const QString nombre = nombreFuente(nombreFuente_);
     nombreFuente_.clear();
     if (fuentes_.size() >= LIMITE_TABLA && !fuentes_.contains(fuenteActual_))
         return;

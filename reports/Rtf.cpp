@@ -35,6 +35,15 @@ int aCp1252(QChar caracter)
     return -1;
 }
 
+QString nombreFuente(const QString& nombre)
+{
+    QString r;
+    for (const QChar c : nombre)
+        if (c.unicode() >= 0x20 && !(c.unicode() >= 0x7F && c.unicode() < 0xA0) && c != u';')
+            r += c;
+    return r.trimmed();
+}
+
 std::optional<Pagina> pagina(const QTextDocument& documento)
 {
     const QTextFrameFormat f = documento.rootFrame()->frameFormat();

@@ -74,5 +74,8 @@ QPageLayout disenoPagina(const QTextDocument& documento);
 // el byte no tiene carácter) y el byte de un carácter (-1 si no cabe).
 QChar deCp1252(unsigned char byte);
 int aCp1252(QChar caracter);
+// Nombre de una fuente como va en \fonttbl: sin caracteres de control, sin ';' y sin blancos
+// alrededor (puede quedar vacío).
+QString nombreFuente(const QString& nombre);
 
 } // namespace Rtf

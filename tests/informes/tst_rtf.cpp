@@ -515,6 +515,12 @@ void tst_rtf::entradasMalas_data()
         << QByteArray("{\\rtf1{\\fonttbl{\\f0{\\colortbl;\\red1;}Ari;al;}{\\f-1 X}}{\\colortbl\\red999;;}{\\*\\listtable{\\listlevel"
                       "{\\leveltext\\'ff;}}{\\list{\\leveltext;}}}\\f0\\cf1\\ls1 a\\par\\ls0 b}")
         << "a\nb" << "";
+    QTest::newRow("fuente con controles") << QByteArray("{\\rtf1{\\fonttbl{\\f0 A\\'01r\\tab ial;}{\\f1 \\'02;}}\\f0 x\\f1 y}")
+                                          << "xy" << "";
+    QTest::newRow("nivel de lista con controles")
+        << QByteArray("{\\rtf1{\\*\\listtable{\\list{\\listlevel\\levelnfc0{\\leveltext\\'04(\\'0b\\'00);}}\\listid5}}"
+                      "{\\*\\listoverridetable{\\listoverride\\listid5\\ls1}}\\pard\\ls1 a\\par\\pard\\ls1 b}")
+        << "a\nb" << "";
     QTest::newRow("sólo la cabecera") << QByteArray("{\\rtf") << "" << "cortado";
 }
 
@@ -531,10 +537,16 @@ void tst_rtf::entradasMalas()
         QCOMPARE(recibido, QString());
     else
         QVERIFY2(recibido.contains(aviso), qPrintable(recibido));
-    // Lo escrito de lo leído se lee igual.
+    // Lo escrito de lo leído se lee igual, y vuelto a escribir sale igual.
     QTextDocument otra;
-    QVERIFY(leerBien(Rtf::escribir(d), otra));
+    const QByteArray escrito = Rtf::escribir(d);
+    QVERIFY(leerBien(escrito, otra));
     QCOMPARE(otra.toPlainText(), texto);
+    QCOMPARE(Rtf::escribir(otra), escrito);
+    if (QTest::currentDataTag() == QByteArray("fuente con controles"))
+        QCOMPARE(formato(d, "x").fontFamilies().toStringList(), QStringList{"Arial"});
+    if (QTest::currentDataTag() == QByteArray("nivel de lista con controles"))
+        QCOMPARE(bloque(otra, "b").textList()->itemText(bloque(otra, "b")), QStringLiteral("(2)"));
 }
 
 void tst_rtf::cortadoEnCadaPosicion()
