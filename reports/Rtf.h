@@ -27,8 +27,8 @@
 //   del cuerpo: \info, \stylesheet, \pict, \object, \themedata, \datastore, \latentstyles,
 //   \rsidtbl, \generator, cabeceras y pies, notas al pie, formas (\shp), \bin con sus bytes...
 //   De un campo (\field) se lee su resultado (\fldrslt) como texto; de {\upr ...} la parte \ud.
-// - Tablas: al leer, cada celda termina con un tabulador y cada fila con un párrafo; al escribir,
-//   los párrafos de las celdas salen como párrafos seguidos. El texto oculto (\v) no se lee.
+// - Tablas: al leer, las celdas de una fila van separadas por tabuladores y cada fila es un
+//   párrafo; al escribir, los párrafos de las celdas salen seguidos. El texto oculto (\v) no se lee.
 //
 // Un RTF mal formado o truncado se lee hasta donde se puede: llaves de más o de menos, grupos
 // anidados por encima de un límite (su contenido se lee con el formato de fuera), \' sin sus dos
