@@ -12,7 +12,6 @@ namespace Rtf {
 
 namespace {
 
-constexpr double TWIPS_POR_PIXEL = 15.0;  // 1440 twips por pulgada y 96 píxeles por pulgada
 constexpr int SANGRIA_LISTA = 720;        // twips por nivel de lista
 constexpr int SANGRIA_VINETA = 360;       // lo que sale la viñeta a la izquierda del texto
 

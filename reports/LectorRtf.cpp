@@ -22,7 +22,6 @@ constexpr int LIMITE_GRUPOS = 500;       // anidamiento que se sigue; más hondo
 constexpr int LIMITE_TABLA = 4096;       // entradas de las tablas de fuentes, colores y listas
 constexpr int LIMITE_TABULACIONES = 64;  // por párrafo
 constexpr int LIMITE_TWIPS = 31680;      // 22 pulgadas: sangrías, espacios y tabulaciones
-constexpr double TWIPS_POR_PIXEL = 15.0; // 1440 twips por pulgada y 96 píxeles por pulgada
 
 // Palabras de control con significado aquí; las demás se pasan por alto.
 #define PALABRAS_RTF(X)                                                                            \

@@ -43,6 +43,9 @@ class QTextDocument;
 
 namespace Rtf {
 
+// 1440 twips por pulgada y 96 píxeles por pulgada.
+inline constexpr double TWIPS_POR_PIXEL = 15.0;
+
 // Lee un RTF en el documento (lo vacía antes, sin historia de deshacer y sin marca de
 // modificado). Devuelve false, con el motivo en español en `aviso`, si no es RTF: entonces el
 // documento no se toca. Uno mal formado o truncado se lee hasta donde se puede, devuelve true y
