@@ -280,6 +280,27 @@ private slots:
         }
     }
 
+    // Al salir del programa, el texto cambiado pregunta antes que la principal: Cancelar detiene la
+    // salida con el editor abierto; No lo cierra y sigue con "¿Desea salir del programa?".
+    void salirDelProgramaConCambios()
+    {
+        frmEditorRTF* f = editorCon(QStringLiteral("Borrador"));
+        f->editor()->textCursor().insertText(QStringLiteral("Cambio "));
+        QPointer<frmEditorRTF> vigilado(f);
+        const QString pregunta = QStringLiteral("El texto del archivo Sin título ha cambiado.\n\n¿Desea guardar los cambios?");
+        e().respuestas << Respuesta::Cancelar;
+        QVERIFY(!frmMenu::instancia()->close());
+        QCOMPARE(e().textos(), QStringList{pregunta});
+        QVERIFY(vigilado && f->editor()->toPlainText().contains(QStringLiteral("Cambio")));
+
+        e().limpiarCuadros();
+        e().respuestas << Respuesta::No << Respuesta::No;
+        QVERIFY(!frmMenu::instancia()->close());
+        procesarEventos();
+        QVERIFY(!vigilado);
+        QCOMPARE(e().textos(), (QStringList{pregunta, QStringLiteral("¿Desea salir del programa?")}));
+    }
+
     // Guardar sin nombre pide uno (y le pone .rtf), después guarda sin preguntar; lo guardado se
     // vuelve a abrir. Un fichero que no es RTF o una carpeta que no existe: aviso y registro, y el
     // documento abierto sigue como estaba.
