@@ -296,6 +296,8 @@ void frmEditorRTF::documentoNuevo()
 void frmEditorRTF::ponerDocumento(QTextDocument* d, const QString& ruta)
 {
     ui->txtEditor->setDocument(d);
+    // Un cursor nuevo al principio: el del texto anterior traería su letra a los cuadros.
+    ui->txtEditor->setTextCursor(QTextCursor(d));
     d->setModified(false);
     m_fichero = ruta;
     m_incompleto = false;

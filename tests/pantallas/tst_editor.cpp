@@ -497,6 +497,7 @@ private slots:
         seleccionar(t, 0, 12);
         QCOMPARE(estado(), (QStringList{QString(), QString()}));
 
+
         // Un tamaño de la lista, otro que no está en ella y uno que no vale.
         seleccionar(t, 4, 7);
         teclearEnCuadro(tamano, QStringLiteral("24"));
@@ -527,6 +528,12 @@ private slots:
         QVERIFY(accion(f, QStringLiteral("subVinetas"))->isChecked());
         accion(f, QStringLiteral("subVinetas"))->trigger();
         QVERIFY(!t->textCursor().currentList());
+
+        // Un contrato recién abierto: el cursor está al principio del título (14 puntos, negrita).
+        f->abrirFichero(QStringLiteral(DIRECTORIO_FUENTES "/resources/Contratos/Nota_encargo.doc"));
+        procesarEventos();
+        QCOMPARE(estado(), (QStringList{QStringLiteral("Arial"), QStringLiteral("14"), QStringLiteral("mnu_Negrita")}));
+        QVERIFY(accion(f, QStringLiteral("subCentrado"))->isChecked());
     }
 
     // Ningún atajo choca con otro ni con los del cuadro de texto: pulsado con el foco en el texto, lo
