@@ -65,8 +65,11 @@ void frmInicio::Form_Load()
         return;
     pasoBarra();
 
-    // 7: sin base de datos no hay programa; el siguiente arranque preguntará dónde está.
-    if (!QFileInfo::exists(rutaBD + BaseDatos::NOMBRE_FICHERO)) {
+    // 7: sin base de datos no hay programa; el siguiente arranque preguntará dónde está. Con el
+    // servidor no hay fichero: lo que falte lo dice la conexión.
+    BaseDatos::construirCadenaConexion();
+    const bool enServidor = BaseDatos::motorElegido() == BaseDatos::Motor::PostgreSQL;
+    if (!enServidor && !QFileInfo::exists(rutaBD + BaseDatos::NOMBRE_FICHERO)) {
         Mensajes::aviso(QStringLiteral("No se ha podido encontrar el fichero que contiene la base de datos del programa. ")
                         + QStringLiteral("Puede que haya sido borrado o cambiado de su ubicación.") + SALTO + SALTO
                         + QStringLiteral("A continuación el programa se cerrará. Cuando lo vuelva a ejecutar se le solicitará que indique la ubicación de la base de datos."));
@@ -78,8 +81,8 @@ void frmInicio::Form_Load()
     // 9-16: el fichero ha de ser una base de datos de este programa (la misma comprobación que al
     // restaurar una copia), la fila de Config con sus tipos, y la conexión cerrada para compactar.
     const bool bien = guardia(FORMULARIO, QStringLiteral("Form_Load"), [&] {
-        BaseDatos::construirCadenaConexion();
-        Almacen::comprobarBaseDatos(BaseDatos::ficheroBD(), Almacen::Uso::BaseViva);
+        if (!enServidor)
+            Almacen::comprobarBaseDatos(BaseDatos::ficheroBD(), Almacen::Uso::BaseViva);
         UsoConexion uso;
         valoresPorDefectoTipos();
         fijarBarra(m_progreso + 10);
@@ -192,7 +195,8 @@ void frmInicio::tmr_1_Timer()
     if (!tmr_1.isActive())
         return;
     tmr_1.stop();
-    compactarBD();
+    if (BaseDatos::motorElegido() == BaseDatos::Motor::SQLite)
+        compactarBD();  // el servidor se mantiene solo
     fijarBarra(100);
     hide();
     deleteLater();

@@ -1,6 +1,7 @@
 #include "core/BaseDatos.h"
 
 #include "core/Cotejo.h"
+#include "core/Ini.h"
 #include "core/Mensajes.h"
 
 #include <QDir>
@@ -17,6 +18,14 @@ bool transaccionEnCurso = false;
 namespace BaseDatos {
 
 namespace {
+
+const QString DRIVER_FICHERO = QStringLiteral("QSQLITE");
+const QString DRIVER_SERVIDOR = QStringLiteral("QPSQL");
+
+Motor s_motor = Motor::SQLite;
+DatosServidor s_servidor;
+QString s_motorDesconocido;  // lo que ponía inicio.ini si no era un motor conocido
+bool s_enTransaccion = false;
 
 int cotejoES(void*, int la, const void* a, int lb, const void* b)
 {
@@ -126,11 +135,76 @@ ErrorPrograma errorDeMotor(int codigo, const QString& textoMotor)
     return e;
 }
 
-ErrorPrograma errorDe(const QSqlError& e)
+namespace {
+
+ErrorPrograma conTextoMotor(qint64 numero, const QString& texto, const QString& textoMotor)
+{
+    ErrorPrograma e(numero, texto);
+    e.textoMotor = textoMotor;
+    return e;
+}
+
+// Fallos del servidor por su código SQLSTATE; los que no son del almacenamiento son fallos del
+// programa y se enseñan tal cual.
+ErrorPrograma errorDeServidor(const QString& estado, const QString& textoMotor)
+{
+    const QString salto = QStringLiteral("\n");
+    if (estado == QLatin1String("55P03") || estado == QLatin1String("40P01") || estado == QLatin1String("40001"))
+        return conTextoMotor(ERROR_BD_EN_USO,
+                             QStringLiteral("La base de datos está siendo usada por otro puesto de trabajo.") + salto
+                                 + QStringLiteral("Espere a que quede libre e inténtelo de nuevo"),
+                             textoMotor);
+    if (estado == QLatin1String("25006"))
+        return conTextoMotor(-1,
+                             QStringLiteral("No se puede escribir en la base de datos: el servidor sólo permite leerla.") + salto
+                                 + QStringLiteral("Pida permiso de escritura a quien administre el servidor"),
+                             textoMotor);
+    if (estado == QLatin1String("53100"))
+        return conTextoMotor(-1, QStringLiteral("No queda espacio libre en el disco del servidor.") + salto
+                                     + QStringLiteral("Avise a quien administre el servidor"),
+                             textoMotor);
+    if (estado.startsWith(QLatin1String("08")) || estado.startsWith(QLatin1String("57P")))
+        return conTextoMotor(-1, QStringLiteral("Se ha perdido la conexión con el servidor de la base de datos.") + salto
+                                     + QStringLiteral("Compruebe la red y que el servidor está en marcha, e inténtelo de nuevo"),
+                             textoMotor);
+    if (estado == QLatin1String("58030") || estado.startsWith(QLatin1String("XX")))
+        return conTextoMotor(-1, QStringLiteral("El servidor no ha podido leer o escribir la base de datos.") + salto
+                                     + QStringLiteral("Avise a quien administre el servidor"),
+                             textoMotor);
+    return ErrorPrograma(-1, textoMotor);
+}
+
+// Un servidor que no se alcanza o no deja entrar: lo que ha de mirar el usuario, en español.
+ErrorPrograma errorDeConexion(const DatosServidor& s, const QString& textoMotor)
+{
+    const QString salto = QStringLiteral("\n");
+    const QString donde = s.descripcion();
+    QString texto;
+    if (textoMotor.contains(QLatin1String("password")) || textoMotor.contains(QLatin1String("authentication"))
+        || textoMotor.contains(QLatin1String("role")))
+        texto = QStringLiteral("El servidor de la base de datos (%1) no acepta al usuario.").arg(donde) + salto
+                + QStringLiteral("Compruebe el usuario de [BD] en inicio.ini y su contraseña en el fichero de contraseñas de PostgreSQL");
+    else if (textoMotor.contains(QLatin1String("service")))
+        texto = QStringLiteral("No se encuentra el servicio de la base de datos (%1).").arg(donde) + salto
+                + QStringLiteral("Compruebe el nombre del servicio de [BD] en inicio.ini y el fichero de servicios de PostgreSQL");
+    else if (textoMotor.contains(QLatin1String("database")) && textoMotor.contains(QLatin1String("does not exist")))
+        texto = QStringLiteral("La base de datos no existe en el servidor (%1).").arg(donde) + salto
+                + QStringLiteral("Compruebe la base de [BD] en inicio.ini");
+    else
+        texto = QStringLiteral("No se puede conectar con el servidor de la base de datos (%1).").arg(donde) + salto
+                + QStringLiteral("Compruebe que el servidor está en marcha y que la red y los datos de [BD] en inicio.ini son correctos");
+    return conTextoMotor(-1, texto, textoMotor);
+}
+
+}  // namespace
+
+ErrorPrograma errorDe(const QSqlError& e, const QSqlDatabase& db)
 {
     QString texto = e.databaseText();
     if (texto.isEmpty())
         texto = e.text();
+    if (esServidor(db))
+        return errorDeServidor(e.nativeErrorCode(), texto);
     bool ok = false;
     const int codigo = e.nativeErrorCode().toInt(&ok);
     if (!ok)
@@ -140,13 +214,67 @@ ErrorPrograma errorDe(const QSqlError& e)
 
 QString ficheroBD() { return rutaBD + NOMBRE_FICHERO; }
 
-void construirCadenaConexion() { cadenaConexion = ficheroBD(); }
+void construirCadenaConexion()
+{
+    const QString motor = leerAjuste(QStringLiteral("BD"), QStringLiteral("motor")).trimmed().toLower();
+    s_motorDesconocido.clear();
+    s_servidor = {};
+    if (motor == QLatin1String("postgresql")) {
+        s_motor = Motor::PostgreSQL;
+        auto clave = [](const char* c) { return leerAjuste(QStringLiteral("BD"), QString::fromLatin1(c)).trimmed(); };
+        s_servidor = {clave("servicio"), clave("servidor"), clave("puerto"), clave("base"), clave("usuario")};
+        cadenaConexion = s_servidor.descripcion();
+        return;
+    }
+    s_motor = Motor::SQLite;
+    if (!motor.isEmpty() && motor != QLatin1String("sqlite"))
+        s_motorDesconocido = motor;
+    cadenaConexion = ficheroBD();
+}
+
+QString DatosServidor::descripcion() const
+{
+    if (!servicio.isEmpty())
+        return QStringLiteral("servicio ") + servicio;
+    QString r = usuario.isEmpty() ? QString() : usuario + QLatin1Char('@');
+    r += servidor.isEmpty() ? QStringLiteral("localhost") : servidor;
+    if (!puerto.isEmpty())
+        r += QLatin1Char(':') + puerto;
+    return r + QLatin1Char('/') + base;
+}
+
+Motor motorElegido() { return s_motor; }
+
+const DatosServidor& servidorElegido() { return s_servidor; }
+
+bool esServidor(const QSqlDatabase& db) { return db.isValid() && db.driverName() == DRIVER_SERVIDOR; }
+
+namespace {
+
+// La conexión de ese nombre con el controlador pedido; si existía con otro motor, se sustituye.
+QSqlDatabase conexionCon(const QString& nombre, const QString& driver)
+{
+    if (QSqlDatabase::contains(nombre)) {
+        if (QSqlDatabase::database(nombre, false).driverName() == driver)
+            return QSqlDatabase::database(nombre, false);
+        QSqlDatabase::removeDatabase(nombre);
+    }
+    return QSqlDatabase::addDatabase(driver, nombre);
+}
+
+void comprobarMotorConocido()
+{
+    if (!s_motorDesconocido.isEmpty())
+        lanzarError(-1, QStringLiteral("El motor de base de datos de inicio.ini (motor=%1) no se conoce.").arg(s_motorDesconocido)
+                            + QStringLiteral("\nEscriba motor=sqlite o motor=postgresql en la sección [BD]"));
+}
+
+}  // namespace
 
 QSqlDatabase abrirConexion(const QString& nombre, const QString& fichero, Acceso acceso)
 {
     const bool soloLectura = acceso == Acceso::SoloLectura;
-    QSqlDatabase db = QSqlDatabase::contains(nombre) ? QSqlDatabase::database(nombre, false)
-                                                     : QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), nombre);
+    QSqlDatabase db = conexionCon(nombre, DRIVER_FICHERO);
     if (db.isOpen())
         db.close();
     if (!QFileInfo::exists(fichero))
@@ -170,11 +298,59 @@ QSqlDatabase abrirConexion(const QString& nombre, const QString& fichero, Acceso
     return db;
 }
 
+QSqlDatabase abrirServidor(const QString& nombre, const DatosServidor& s, Acceso acceso)
+{
+    if (!QSqlDatabase::isDriverAvailable(DRIVER_SERVIDOR))
+        lanzarError(-1, QStringLiteral("Falta el controlador de PostgreSQL (paquete libqt6sql6-psql).")
+                            + QStringLiteral("\nInstálelo, o vuelva a motor=sqlite en la sección [BD] de inicio.ini"));
+    QSqlDatabase db = conexionCon(nombre, DRIVER_SERVIDOR);
+    if (db.isOpen())
+        db.close();
+    db.setHostName(s.servidor);
+    db.setDatabaseName(s.base);
+    db.setUserName(s.usuario);
+    db.setPassword(QString());
+    bool ok = false;
+    const int puerto = s.puerto.toInt(&ok);
+    db.setPort(ok ? puerto : -1);
+    // La contraseña la ponen el fichero de contraseñas o el de servicios de libpq, nunca el programa.
+    QString opciones = QStringLiteral("connect_timeout=10;application_name=planorum-mirvade");
+    if (!s.servicio.isEmpty())
+        opciones += QStringLiteral(";service=") + s.servicio;
+    db.setConnectOptions(opciones);
+    if (!db.open()) {
+        const ErrorPrograma e = errorDeConexion(s, db.lastError().databaseText().isEmpty() ? db.lastError().text()
+                                                                                          : db.lastError().databaseText());
+        QSqlDatabase::removeDatabase(nombre);
+        throw e;
+    }
+    // Las funciones españolas del esquema (LIKE, UPPER) van antes que las del sistema.
+    QSqlQuery q(db);
+    QString preparar = QStringLiteral("SET search_path = public, pg_catalog");
+    if (acceso == Acceso::SoloLectura)
+        preparar += QStringLiteral("; SET default_transaction_read_only = on");
+    if (!q.exec(preparar)) {
+        const ErrorPrograma e = errorDe(q.lastError(), db);
+        q = QSqlQuery();
+        db.close();
+        throw e;
+    }
+    return db;
+}
+
+QSqlDatabase abrirOtraConexion(const QString& nombre, Acceso acceso)
+{
+    comprobarMotorConocido();
+    if (s_motor == Motor::PostgreSQL)
+        return abrirServidor(nombre, s_servidor, acceso);
+    return abrirConexion(nombre, ficheroBD(), acceso);
+}
+
 QSqlDatabase conexionBD()
 {
     if (QSqlDatabase::contains(NOMBRE_CONEXION))
         return QSqlDatabase::database(NOMBRE_CONEXION, false);
-    return QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), NOMBRE_CONEXION);
+    return QSqlDatabase::addDatabase(s_motor == Motor::PostgreSQL ? DRIVER_SERVIDOR : DRIVER_FICHERO, NOMBRE_CONEXION);
 }
 
 bool estaAbierta() { return QSqlDatabase::contains(NOMBRE_CONEXION) && conexionBD().isOpen(); }
@@ -185,7 +361,11 @@ void abrir()
         return;
     if (cadenaConexion.isEmpty())
         construirCadenaConexion();
-    abrirConexion(NOMBRE_CONEXION, cadenaConexion);
+    comprobarMotorConocido();
+    if (s_motor == Motor::PostgreSQL)
+        abrirServidor(NOMBRE_CONEXION, s_servidor);
+    else
+        abrirConexion(NOMBRE_CONEXION, cadenaConexion);
 }
 
 void cerrar()
@@ -212,8 +392,10 @@ UsoConexion::~UsoConexion()
 
 Transaccion::Transaccion(bool marcarEnCurso)
 {
-    ejecutar(QStringLiteral("BEGIN IMMEDIATE"));
+    // En el servidor cada fila se bloquea al escribirla; en el fichero, el puesto entero.
+    ejecutar(BaseDatos::esServidor(BaseDatos::conexionBD()) ? QStringLiteral("BEGIN") : QStringLiteral("BEGIN IMMEDIATE"));
     m_activa = true;
+    BaseDatos::s_enTransaccion = true;
     Mensajes::retener();
     if (marcarEnCurso) {
         m_marca = true;
@@ -236,6 +418,7 @@ void Transaccion::confirmar()
         return;
     ejecutar(QStringLiteral("COMMIT"));
     m_activa = false;
+    BaseDatos::s_enTransaccion = false;
     if (m_marca)
         transaccionEnCurso = false;
     m_marca = false;
@@ -250,6 +433,7 @@ void Transaccion::deshacer()
     if (!m_activa)
         return;
     m_activa = false;
+    BaseDatos::s_enTransaccion = false;
     // Los cuadros retenidos salen aunque el ROLLBACK falle.
     struct Soltar {
         ~Soltar() { Mensajes::soltar(); }
@@ -259,15 +443,45 @@ void Transaccion::deshacer()
 
 Consulta::Consulta(const QString& sql, const QVariantList& valores) : Consulta(BaseDatos::conexionBD(), sql, valores) {}
 
+namespace {
+
+// El programa escribe los nombres sin distinguir mayúsculas ("PryCod", "PRYCOD"). El servidor
+// guarda los nombres sin comillas en minúsculas y respeta los que van entre comillas: éstos se
+// pasan a minúsculas (sólo las letras ASCII, como hace el servidor), fuera de los textos.
+QString nombresDelServidor(const QString& sql)
+{
+    QString r = sql;
+    QChar dentro;  // '"' o '\'' mientras se está dentro de un nombre o de un texto
+    for (QChar& c : r) {
+        if (dentro.isNull()) {
+            if (c == QLatin1Char('"') || c == QLatin1Char('\''))
+                dentro = c;
+        } else if (c == dentro) {
+            dentro = QChar();
+        } else if (dentro == QLatin1Char('"') && c >= QLatin1Char('A') && c <= QLatin1Char('Z')) {
+            c = QChar(c.unicode() + 32);
+        }
+    }
+    return r;
+}
+
+}  // namespace
+
 Consulta::Consulta(QSqlDatabase db, const QString& sql, const QVariantList& valores) : m_q(db)
 {
     m_q.setForwardOnly(true);
-    if (!m_q.prepare(sql))
-        throw BaseDatos::errorDe(m_q.lastError());
+    if (BaseDatos::esServidor(db) && valores.isEmpty()) {
+        // El servidor no prepara BEGIN, COMMIT ni LOCK; sin valores que enlazar no hace falta.
+        if (!m_q.exec(nombresDelServidor(sql)))
+            throw BaseDatos::errorDe(m_q.lastError(), db);
+        return;
+    }
+    if (!m_q.prepare(BaseDatos::esServidor(db) ? nombresDelServidor(sql) : sql))
+        throw BaseDatos::errorDe(m_q.lastError(), db);
     for (const QVariant& v : valores)
         m_q.addBindValue(v);
     if (!m_q.exec())
-        throw BaseDatos::errorDe(m_q.lastError());
+        throw BaseDatos::errorDe(m_q.lastError(), db);
 }
 
 bool Consulta::siguiente() { return m_q.next(); }
@@ -300,17 +514,26 @@ QVariant escalar(const QString& sql, const QVariantList& valores)
     return c.siguiente() ? c.valor(0) : QVariant();
 }
 
-void insertar(const QString& tabla, const Campos& campos)
+namespace {
+
+QString sentenciaInsertar(const QString& tabla, const Campos& campos, QVariantList& valores)
 {
     QStringList nombres, marcas;
-    QVariantList valores;
     for (const auto& [nombre, valor] : campos) {
         nombres << QLatin1Char('"') + nombre + QLatin1Char('"');
         marcas << QStringLiteral("?");
         valores << valor;
     }
-    ejecutar(QStringLiteral("INSERT INTO \"%1\" (%2) VALUES (%3)").arg(tabla, nombres.join(QLatin1Char(',')), marcas.join(QLatin1Char(','))),
-             valores);
+    return QStringLiteral("INSERT INTO \"%1\" (%2) VALUES (%3)").arg(tabla, nombres.join(QLatin1Char(',')), marcas.join(QLatin1Char(',')));
+}
+
+}  // namespace
+
+void insertar(const QString& tabla, const Campos& campos)
+{
+    QVariantList valores;
+    const QString sql = sentenciaInsertar(tabla, campos, valores);
+    ejecutar(sql, valores);
 }
 
 void actualizar(const QString& tabla, const Campos& campos, const QString& donde, const QVariantList& valoresDonde)
@@ -325,10 +548,25 @@ void actualizar(const QString& tabla, const Campos& campos, const QString& donde
     ejecutar(QStringLiteral("UPDATE \"%1\" SET %2 WHERE %3").arg(tabla, asignaciones.join(QStringLiteral(", ")), donde), valores);
 }
 
-qint64 ultimoIdentificador() { return escalar(QStringLiteral("SELECT last_insert_rowid()")).toLongLong(); }
+qint64 ultimoIdentificador()
+{
+    return escalar(BaseDatos::esServidor(BaseDatos::conexionBD()) ? QStringLiteral("SELECT lastval()")
+                                                                  : QStringLiteral("SELECT last_insert_rowid()"))
+        .toLongLong();
+}
+
+qint64 insertarConContador(const QString& tabla, const Campos& campos, const QString& contador)
+{
+    QVariantList valores;
+    const QString sql = sentenciaInsertar(tabla, campos, valores) + QStringLiteral(" RETURNING \"%1\"").arg(contador);
+    Consulta c(sql, valores);
+    return c.siguiente() ? c.valor(0).toLongLong() : 0;
+}
 
 qint64 siguienteClave(const QString& tabla, const QString& campo)
 {
+    if (BaseDatos::s_enTransaccion && BaseDatos::esServidor(BaseDatos::conexionBD()))
+        ejecutar(QStringLiteral("LOCK TABLE \"%1\" IN SHARE ROW EXCLUSIVE MODE").arg(tabla));
     const QVariant v = escalar(QStringLiteral("SELECT MAX(\"%1\") FROM \"%2\"").arg(campo, tabla));
     return v.isNull() ? 1 : v.toLongLong() + 1;
 }

@@ -12,7 +12,7 @@ struct sqlite3;
 
 // Estado de todo el programa sobre la base de datos (se fija en el arranque).
 extern QString rutaBD;            // carpeta de la base de datos, siempre con separador final
-extern QString cadenaConexion;    // fichero que abre la conexión compartida
+extern QString cadenaConexion;    // fichero (o servidor) que abre la conexión compartida
 extern bool transaccionEnCurso;   // un guardado tiene una transacción abierta: no abrir ni cerrar
 
 namespace BaseDatos {
@@ -21,7 +21,21 @@ inline const QString NOMBRE_FICHERO = QStringLiteral("Usuarios.qst");
 inline const QString NOMBRE_CONEXION = QStringLiteral("conexionBD");
 
 QString ficheroBD();                 // rutaBD + "Usuarios.qst"
-void construirCadenaConexion();      // cadenaConexion = ficheroBD()
+// Lee el motor de [BD] en inicio.ini: con sqlite (o sin nada) cadenaConexion = ficheroBD(); con
+// postgresql, la descripción del servidor.
+void construirCadenaConexion();
+
+// El motor de cada puesto: el fichero compartido (por defecto) o un servidor PostgreSQL. Del
+// servidor, inicio.ini dice el servicio de libpq o servidor, puerto, base y usuario; la contraseña
+// nunca: la dan el fichero de contraseñas o el de servicios de libpq.
+enum class Motor { SQLite, PostgreSQL };
+struct DatosServidor {
+    QString servicio, servidor, puerto, base, usuario;
+    QString descripcion() const;     // para los mensajes: "servicio x" o "usuario@servidor:puerto/base"
+};
+Motor motorElegido();
+const DatosServidor& servidorElegido();
+bool esServidor(const QSqlDatabase& db);
 
 // La conexión compartida: cerrada en reposo, la abre quien la necesita.
 QSqlDatabase conexionBD();
@@ -32,13 +46,16 @@ void cerrar();
 // Abre una conexión propia (informes, pruebas) con las mismas funciones registradas.
 enum class Acceso { LecturaEscritura, SoloLectura };
 QSqlDatabase abrirConexion(const QString& nombre, const QString& fichero, Acceso acceso = Acceso::LecturaEscritura);
+QSqlDatabase abrirServidor(const QString& nombre, const DatosServidor& servidor, Acceso acceso = Acceso::LecturaEscritura);
+// Otra conexión al motor elegido, aparte de la compartida (la del informe).
+QSqlDatabase abrirOtraConexion(const QString& nombre, Acceso acceso);
 void registrarFunciones(QSqlDatabase& db);  // cotejo ES, LIKE, UCASE y UPPER en español
 void registrarFunciones(sqlite3* h);
 
 // Fallo del motor como lo ve el usuario: los fallos del almacenamiento (en uso, dañada, no es una
 // base de datos, sólo lectura, disco lleno, lectura o escritura, no se abre) llevan su texto en
 // español y el del motor aparte, sólo para el registro. "En uso" lleva el número ERROR_BD_EN_USO.
-ErrorPrograma errorDe(const QSqlError& e);
+ErrorPrograma errorDe(const QSqlError& e, const QSqlDatabase& db = {});
 ErrorPrograma errorDeMotor(int codigo, const QString& textoMotor);
 
 // El motor que hay debajo de una conexión abierta (lecturas masivas, copias del fichero).
@@ -103,7 +120,12 @@ QVariant escalar(const QString& sql, const QVariantList& valores = {});
 void insertar(const QString& tabla, const Campos& campos);
 void actualizar(const QString& tabla, const Campos& campos, const QString& donde, const QVariantList& valoresDonde);
 qint64 ultimoIdentificador();         // el "SELECT @@IDENTITY" de la misma conexión
-qint64 siguienteClave(const QString& tabla, const QString& campo);  // MAX + 1, 1 con la tabla vacía
+// Inserta y devuelve el valor que el motor ha dado al contador de la fila (RETURNING).
+qint64 insertarConContador(const QString& tabla, const Campos& campos, const QString& contador);
+// MAX + 1, 1 con la tabla vacía. Dentro de una transacción, en el servidor, toma antes un cerrojo
+// de la tabla que sólo excluye a otros escritores: dos puestos que guardan a la vez no sacan la
+// misma clave (en el fichero ya lo hace BEGIN IMMEDIATE).
+qint64 siguienteClave(const QString& tabla, const QString& campo);
 
 // Texto a guardar: recortado, y nulo si queda vacío.
 QVariant textoONulo(const QString& texto);

@@ -201,8 +201,7 @@ qint64 DatosImpreso::guardarDatosHistorico()
         if (!m_definicion->columnaTipo.isEmpty() && !variante().marcaTipo.isEmpty())
             campos.append({m_definicion->columnaTipo, variante().marcaTipo});  // la marca va la última
         if (tag() == QLatin1String("ALTA")) {
-            insertar(m_definicion->tablaHistorico, campos);
-            clave = ultimoIdentificador();
+            clave = insertarConContador(m_definicion->tablaHistorico, campos, QStringLiteral("Clave"));
         } else if (tag() == QLatin1String("MODIFICAR")) {
             Consulta c(QStringLiteral("SELECT Clave FROM \"%1\" WHERE Clave = ?").arg(m_definicion->tablaHistorico), {Clave});
             if (!c.siguiente()) {

@@ -864,8 +864,7 @@ void frmProyecto::escribirProyecto()
         }
 
     if (esAlta()) {
-        insertar(QStringLiteral("Proyectos_A"), campos);
-        const qint64 id = ultimoIdentificador();
+        const qint64 id = insertarConContador(QStringLiteral("Proyectos_A"), campos, QStringLiteral("PryCod"));
         PryCod = id > 0 ? id : -1;
     } else {
         actualizar(QStringLiteral("Proyectos_A"), campos, QStringLiteral("PryCod = ?"), {PryCod});

@@ -158,7 +158,7 @@ bool conectar()
     return guardia(MODULO, QStringLiteral("conectar"), [] {
         if (conexionAbierta())
             ConexionInforme().close();
-        BaseDatos::abrirConexion(NOMBRE_CONEXION_INFORME, BaseDatos::ficheroBD(), BaseDatos::Acceso::SoloLectura);
+        BaseDatos::abrirOtraConexion(NOMBRE_CONEXION_INFORME, BaseDatos::Acceso::SoloLectura);
     }, Mostrar::No);
 }
 

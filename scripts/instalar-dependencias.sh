@@ -7,6 +7,7 @@ paquetes=(
   build-essential cmake ninja-build ccache pkg-config lld
   qt6-base-dev qt6-base-dev-tools libqt6sql6-sqlite qt6-translations-l10n libgl-dev
   libsqlite3-dev sqlite3 libzip-dev
+  postgresql postgresql-contrib libqt6sql6-psql
   fonts-liberation2
   poppler-utils qpdf
   xvfb xauth

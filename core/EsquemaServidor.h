@@ -1,0 +1,20 @@
+#pragma once
+#include <QSqlDatabase>
+#include <QString>
+#include <QStringList>
+
+// El esquema del servidor sale del mismo resources/esquema.sql que el fichero: mismas tablas,
+// columnas y nombres (en minúsculas, como los guarda el servidor), contadores como columnas
+// identity, y delante las funciones españolas (resources/funciones-servidor.sql).
+namespace EsquemaServidor {
+
+// Traduce el esquema del fichero al dialecto del servidor.
+QString traducir(const QString& esquemaFichero);
+// El esquema completo del servidor, sentencia a sentencia: funciones españolas y tablas con las
+// provincias; y todo junto en una transacción, para cargarlo con psql.
+QStringList sentencias();
+QString sql();
+// Crea el esquema en una base vacía del servidor, en una transacción. Lanza ErrorPrograma.
+void crear(QSqlDatabase db);
+
+}  // namespace EsquemaServidor
