@@ -214,11 +214,12 @@ void frmContratos::lvw_Documentos_DblClick()
 
 bool frmContratos::eventFilter(QObject* objeto, QEvent* evento)
 {
-    if (objeto == ui->lvw_Documentos->viewport()) {
-        const auto* raton = static_cast<QMouseEvent*>(evento);
-        if (evento->type() == QEvent::MouseButtonRelease && raton->button() == Qt::LeftButton)
+    const QEvent::Type tipo = evento->type();
+    if (objeto == ui->lvw_Documentos->viewport() && (tipo == QEvent::MouseButtonRelease || tipo == QEvent::MouseButtonDblClick)
+        && static_cast<QMouseEvent*>(evento)->button() == Qt::LeftButton) {
+        if (tipo == QEvent::MouseButtonRelease)
             lvw_Documentos_Click();
-        else if (evento->type() == QEvent::MouseButtonDblClick && raton->button() == Qt::LeftButton)
+        else
             lvw_Documentos_DblClick();
     }
     return Pantalla::eventFilter(objeto, evento);
