@@ -65,6 +65,24 @@ void funcionMayusculas(sqlite3_context* ctx, int, sqlite3_value** argv)
     sqlite3_result_text(ctx, r.constData(), static_cast<int>(r.size()), SQLITE_TRANSIENT);
 }
 
+// FECHA_VISIBLE(x): una fecha "AAAA-MM-DD" como la ve el usuario, "dd/mm/aaaa"; lo demás, tal cual.
+void funcionFechaVisible(sqlite3_context* ctx, int, sqlite3_value** argv)
+{
+    const std::string_view t = sqlite3_value_type(argv[0]) == SQLITE_TEXT ? textoArg(argv[0]) : std::string_view();
+    const auto digitos = [&](std::initializer_list<int> posiciones) {
+        for (const int i : posiciones)
+            if (t[i] < '0' || t[i] > '9')
+                return false;
+        return true;
+    };
+    if (t.size() != 10 || t[4] != '-' || t[7] != '-' || !digitos({0, 1, 2, 3, 5, 6, 8, 9})) {
+        sqlite3_result_value(ctx, argv[0]);
+        return;
+    }
+    const char visible[] = {t[8], t[9], '/', t[5], t[6], '/', t[0], t[1], t[2], t[3]};
+    sqlite3_result_text(ctx, visible, 10, SQLITE_TRANSIENT);
+}
+
 }  // namespace
 
 sqlite3* motor(const QSqlDatabase& db)
@@ -88,6 +106,7 @@ void registrarFunciones(sqlite3* h)
     sqlite3_create_function(h, "like", 3, opciones, nullptr, funcionLike, nullptr, nullptr);
     sqlite3_create_function(h, "ucase", 1, opciones, nullptr, funcionMayusculas, nullptr, nullptr);
     sqlite3_create_function(h, "upper", 1, opciones, nullptr, funcionMayusculas, nullptr, nullptr);
+    sqlite3_create_function(h, "fecha_visible", 1, opciones, nullptr, funcionFechaVisible, nullptr, nullptr);
 }
 
 ErrorPrograma errorDeMotor(int codigo, const QString& textoMotor)

@@ -49,7 +49,7 @@ QSqlDatabase abrirConexion(const QString& nombre, const QString& fichero, Acceso
 QSqlDatabase abrirServidor(const QString& nombre, const DatosServidor& servidor, Acceso acceso = Acceso::LecturaEscritura);
 // Otra conexión al motor elegido, aparte de la compartida (la del informe).
 QSqlDatabase abrirOtraConexion(const QString& nombre, Acceso acceso);
-void registrarFunciones(QSqlDatabase& db);  // cotejo ES, LIKE, UCASE y UPPER en español
+void registrarFunciones(QSqlDatabase& db);  // cotejo ES, LIKE, UCASE y UPPER en español, FECHA_VISIBLE
 void registrarFunciones(sqlite3* h);
 
 // Fallo del motor como lo ve el usuario: los fallos del almacenamiento (en uso, dañada, no es una

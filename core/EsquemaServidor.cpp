@@ -42,6 +42,7 @@ QString traducir(const QString& esquemaFichero)
     static const QRegularExpression crear(QStringLiteral(R"(^CREATE (TABLE|INDEX) (\S+)(.*)$)"));
     QStringList salida;
     bool enInsercion = false;
+    bool enTabla = false;
     for (const QString& linea : esquemaFichero.split(QLatin1Char('\n'))) {
         if (linea.startsWith(QLatin1String("PRAGMA ")))
             continue;  // la versión del fichero no es del servidor
@@ -75,7 +76,15 @@ QString traducir(const QString& esquemaFichero)
         const QRegularExpressionMatch t = crear.match(linea);
         if (t.hasMatch()) {
             salida << QStringLiteral("CREATE %1 %2%3").arg(t.captured(1), minusculasAscii(t.captured(2)), minusculasAscii(t.captured(3)));
+            enTabla = t.captured(1) == QLatin1String("TABLE");
             continue;
+        }
+        if (enTabla && linea.startsWith(QLatin1String(");"))) {
+            enTabla = false;
+            // El orden de llegada de las filas, que el fichero lleva oculto en su rowid: la última
+            // columna, para que las sentencias sin lista de columnas no la vean, y sólo del servidor.
+            salida.last() += QLatin1Char(',');
+            salida << QStringLiteral("    \"rowid\" bigint GENERATED ALWAYS AS IDENTITY");
         }
         salida << linea;  // ");"
     }

@@ -5,7 +5,9 @@
 
 // El esquema del servidor sale del mismo resources/esquema.sql que el fichero: mismas tablas,
 // columnas y nombres (en minúsculas, como los guarda el servidor), contadores como columnas
-// identity, y delante las funciones españolas (resources/funciones-servidor.sql).
+// identity, y delante las funciones españolas (resources/funciones-servidor.sql). Cada tabla lleva
+// al final la columna identity "rowid": el orden de llegada de las filas, que el fichero guarda
+// oculto con ese mismo nombre, para que las mismas sentencias ordenen igual en los dos motores.
 namespace EsquemaServidor {
 
 // Traduce el esquema del fichero al dialecto del servidor.

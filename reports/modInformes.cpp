@@ -148,6 +148,10 @@ QString FiltroListado::condicion(QVariantList* v) const
     if (valores.size() != necesarios)
         lanzarError(-1, QStringLiteral("Filtro de listado no válido: faltan valores"));
     v->append(valores);
+    if (op == QLatin1String("LIKE"))
+        // Igual en los dos motores: como texto también un número, y la barra invertida es una
+        // letra más (el servidor la tomaría por escape si no se le dice otro, que aquí no hay).
+        return QStringLiteral("CAST(%1 AS TEXT) LIKE ? ESCAPE ''").arg(campo);
     return op == QLatin1String("BETWEEN") ? campo + QStringLiteral(" BETWEEN ? AND ?") : campo + QLatin1Char(' ') + op + QStringLiteral(" ?");
 }
 

@@ -1,6 +1,7 @@
 -- Lo español del servidor, lo mismo que cada conexión registra en el fichero: el cotejo ES (orden
 -- español: "ñ" tras "n", acentos como diferencia menor), LIKE sin mayúsculas ni acentos y con la
--- "ñ" plegada en "n", y UCASE y UPPER de todo Unicode. El programa abre sus conexiones con
+-- "ñ" plegada en "n", UCASE y UPPER de todo Unicode, y FECHA_VISIBLE (una fecha "AAAA-MM-DD"
+-- como la ve el usuario, "dd/mm/aaaa"). El programa abre sus conexiones con
 -- search_path = public, pg_catalog: estas funciones y operadores van antes que los del sistema.
 
 CREATE EXTENSION IF NOT EXISTS unaccent WITH SCHEMA public;
@@ -31,3 +32,7 @@ CREATE OR REPLACE FUNCTION public.upper(text) RETURNS text
 CREATE OR REPLACE FUNCTION public.ucase(text) RETURNS text
     LANGUAGE sql IMMUTABLE STRICT PARALLEL SAFE
     AS $$ SELECT pg_catalog.upper($1 COLLATE public.es) $$;
+
+CREATE OR REPLACE FUNCTION public.fecha_visible(text) RETURNS text
+    LANGUAGE sql IMMUTABLE STRICT PARALLEL SAFE
+    AS $$ SELECT CASE WHEN $1 ~ '^[0-9]{4}-[0-9]{2}-[0-9]{2}$' THEN substr($1, 9, 2) || '/' || substr($1, 6, 2) || '/' || substr($1, 1, 4) ELSE $1 END $$;

@@ -71,9 +71,69 @@ bool esFechaIso(const unsigned char* t, int n)
     return true;
 }
 
+// Una celda como la ve el usuario: las fechas "AAAA-MM-DD" de las columnas de fecha, "dd/mm/aaaa".
+void agregarTexto(ModeloResultados* modelo, const unsigned char* t, int l, bool fecha)
+{
+    if (fecha && esFechaIso(t, l)) {
+        const char orden[] = {8, 9, '/', 5, 6, '/', 0, 1, 2, 3};
+        char convertida[10];
+        for (int i = 0; i < 10; ++i)
+            convertida[i] = orden[i] == '/' ? '/' : static_cast<char>(t[static_cast<int>(orden[i])]);
+        modelo->agregarCelda(convertida, 10);
+    } else {
+        modelo->agregarCelda(reinterpret_cast<const char*>(t), static_cast<size_t>(l));
+    }
+}
+
+// Número con la coma decimal del sistema, sin formato.
+void agregarDecimal(ModeloResultados* modelo, double v)
+{
+    QByteArray t = QByteArray::number(v, 'g', 15);
+    t.replace('.', ',');
+    modelo->agregarCelda(t.constData(), t.size());
+}
+
+std::vector<bool> columnasDeFecha(const Descripcion& d)
+{
+    const int columnas = static_cast<int>(d.columnas.size()) + 1;
+    std::vector<bool> fecha(columnas, false);
+    for (int c = 1; c < columnas; ++c)
+        fecha[c] = d.columnas.at(c - 1).fecha;
+    return fecha;
+}
+
+// En el servidor, la misma lectura por el controlador, también de sólo avance.
+void leerFilasServidor(const Descripcion& d, const Sentencia& s, ModeloResultados* modelo)
+{
+    const std::vector<bool> fecha = columnasDeFecha(d);
+    QVariantList valores;
+    for (const QVariant& v : s.valores)
+        valores << v.toString();
+    Consulta c(s.sql, valores);
+    CargaAbierta carga(modelo);
+    while (c.siguiente()) {
+        modelo->empezarFila();
+        for (int col = 0; col < static_cast<int>(fecha.size()); ++col) {
+            const QVariant v = c.valor(col);
+            if (v.isNull()) {
+                modelo->agregarCelda("", 0);
+            } else if (v.typeId() == QMetaType::Double) {
+                agregarDecimal(modelo, v.toDouble());
+            } else {
+                const QByteArray t = v.toString().toUtf8();
+                agregarTexto(modelo, reinterpret_cast<const unsigned char*>(t.constData()), static_cast<int>(t.size()), fecha[col]);
+            }
+        }
+    }
+}
+
 // Lee las filas con un cursor de sólo avance y las deja en el modelo como texto compacto.
 void leerFilas(const Descripcion& d, const Sentencia& s, ModeloResultados* modelo)
 {
+    if (BaseDatos::esServidor(BaseDatos::conexionBD())) {
+        leerFilasServidor(d, s, modelo);
+        return;
+    }
     sqlite3* h = BaseDatos::motor(BaseDatos::conexionBD());
     Preparada p;
     const QByteArray sql = s.sql.toUtf8();
@@ -84,37 +144,21 @@ void leerFilas(const Descripcion& d, const Sentencia& s, ModeloResultados* model
         const QByteArray t = v.toString().toUtf8();
         sqlite3_bind_text(p.st, n++, t.constData(), static_cast<int>(t.size()), SQLITE_TRANSIENT);
     }
-    const int columnas = static_cast<int>(d.columnas.size()) + 1;
-    std::vector<bool> fecha(columnas, false);
-    for (int c = 1; c < columnas; ++c)
-        fecha[c] = d.columnas.at(c - 1).fecha;
+    const std::vector<bool> fecha = columnasDeFecha(d);
+    const int columnas = static_cast<int>(fecha.size());
 
     CargaAbierta carga(modelo);
     int rc;
-    char convertida[10];
     while ((rc = sqlite3_step(p.st)) == SQLITE_ROW) {
         modelo->empezarFila();
         for (int c = 0; c < columnas; ++c) {
             const int tipo = sqlite3_column_type(p.st, c);
-            if (tipo == SQLITE_NULL) {
+            if (tipo == SQLITE_NULL)
                 modelo->agregarCelda("", 0);
-            } else if (tipo == SQLITE_FLOAT) {
-                // Número con la coma decimal del sistema, sin formato.
-                QByteArray t = QByteArray::number(sqlite3_column_double(p.st, c), 'g', 15);
-                t.replace('.', ',');
-                modelo->agregarCelda(t.constData(), t.size());
-            } else {
-                const unsigned char* t = sqlite3_column_text(p.st, c);
-                const int l = sqlite3_column_bytes(p.st, c);
-                if (fecha[c] && esFechaIso(t, l)) {
-                    const char orden[] = {8, 9, '/', 5, 6, '/', 0, 1, 2, 3};
-                    for (int i = 0; i < 10; ++i)
-                        convertida[i] = orden[i] == '/' ? '/' : static_cast<char>(t[static_cast<int>(orden[i])]);
-                    modelo->agregarCelda(convertida, 10);
-                } else {
-                    modelo->agregarCelda(reinterpret_cast<const char*>(t), static_cast<size_t>(l));
-                }
-            }
+            else if (tipo == SQLITE_FLOAT)
+                agregarDecimal(modelo, sqlite3_column_double(p.st, c));
+            else
+                agregarTexto(modelo, sqlite3_column_text(p.st, c), sqlite3_column_bytes(p.st, c), fecha[c]);
         }
     }
     if (rc != SQLITE_DONE)

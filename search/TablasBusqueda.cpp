@@ -301,20 +301,22 @@ Sentencia construirSentencia(const Descripcion& d, int indice, const QString& va
         const CampoBusqueda& campo = d.campos.at(indice - 1);
         const QString col = comillas(campo.columna);
         switch (campo.modo) {
-        case Modo::Igual:
-            filtro << col + QStringLiteral(" = ?");
+        case Modo::Igual: {
+            // Un número se compara como número; lo que no lo es, como texto: el servidor no admite
+            // un número mal escrito, y así no halla nada en los dos motores.
+            bool numero = false;
+            valor.toLongLong(&numero);
+            filtro << (numero ? col + QStringLiteral(" = ?") : QStringLiteral("CAST(%1 AS TEXT) = ?").arg(col));
             s.valores << valor;
             break;
+        }
         case Modo::Parecido:
             filtro << col + QStringLiteral(" LIKE ? ESCAPE '\\'");
             s.valores << QStringLiteral("%") + literalLike(valor) + QStringLiteral("%");
             break;
         case Modo::Fecha:
             // La fecha se busca en el texto que ve el usuario, "dd/mm/aaaa".
-            filtro << QStringLiteral("(CASE WHEN %1 GLOB '[0-9][0-9][0-9][0-9]-[0-9][0-9]-[0-9][0-9]' "
-                                     "THEN substr(%1, 9, 2) || '/' || substr(%1, 6, 2) || '/' || substr(%1, 1, 4) "
-                                     "ELSE %1 END) LIKE ? ESCAPE '\\'")
-                          .arg(col);
+            filtro << QStringLiteral("FECHA_VISIBLE(%1) LIKE ? ESCAPE '\\'").arg(col);
             s.valores << QStringLiteral("%") + literalLike(valor) + QStringLiteral("%");
             break;
         }

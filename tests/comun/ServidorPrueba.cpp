@@ -7,6 +7,7 @@
 #include <QFile>
 #include <QSqlError>
 #include <QSqlQuery>
+#include <QTest>
 
 namespace {
 
@@ -33,18 +34,24 @@ void ejecutarEn(QSqlDatabase& db, const QString& sql)
 
 }  // namespace
 
-ServidorPrueba::ServidorPrueba()
+QString ServidorPrueba::motivoSinServidor()
 {
     const QString carpeta = qEnvironmentVariable("PLANORUM_PG_SERVIDOR");
-    if (carpeta.isEmpty()) {
-        m_motivo = QStringLiteral("Sin servidor PostgreSQL de pruebas: se arranca al pasar las pruebas con ctest");
-        return;
-    }
+    if (carpeta.isEmpty())
+        return QStringLiteral("Sin servidor PostgreSQL de pruebas: se arranca al pasar las pruebas con ctest");
     QFile motivo(carpeta + QStringLiteral("/motivo.txt"));
-    if (motivo.open(QIODevice::ReadOnly)) {
-        m_motivo = QString::fromUtf8(motivo.readAll()).trimmed();
+    if (motivo.open(QIODevice::ReadOnly))
+        return QString::fromUtf8(motivo.readAll()).trimmed();
+    return {};
+}
+
+bool ServidorPrueba::pedido() { return qEnvironmentVariable("PLANORUM_PRUEBAS_MOTOR").compare(QLatin1String("postgresql"), Qt::CaseInsensitive) == 0; }
+
+ServidorPrueba::ServidorPrueba() : m_motivo(motivoSinServidor())
+{
+    if (!m_motivo.isEmpty())
         return;
-    }
+    const QString carpeta = qEnvironmentVariable("PLANORUM_PG_SERVIDOR");
     m_datos.servidor = carpeta;
     m_datos.puerto = qEnvironmentVariable("PLANORUM_PG_PUERTO");
     m_datos.usuario = qEnvironmentVariable("PLANORUM_PG_USUARIO");
@@ -79,4 +86,25 @@ void ServidorPrueba::elegirEn(EntornoPrueba& e) const
                                  "[Opciones]\r\ninicio=1\r\ncopia=0\r\n")
                       .arg(m_datos.servidor, m_datos.puerto, m_datos.base, m_datos.usuario));
     e.conectar();
+}
+
+void ServidorPrueba::filasDeMotor()
+{
+    QTest::addColumn<bool>("servidor");
+    QTest::newRow("fichero") << false;
+    QTest::newRow("servidor") << true;
+}
+
+bool ServidorPrueba::elegirMotor(EntornoPrueba& e, std::optional<ServidorPrueba>& s)
+{
+    QFETCH(bool, servidor);
+    if (!servidor) {
+        e.conectar();
+        return true;
+    }
+    s.emplace();
+    if (!s->disponible())
+        return false;
+    s->elegirEn(e);
+    return true;
 }

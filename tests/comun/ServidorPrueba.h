@@ -3,6 +3,8 @@
 
 #include <QString>
 
+#include <optional>
+
 class EntornoPrueba;
 
 // Una base propia en el servidor PostgreSQL de las pruebas (el que arranca CTest y anuncia en
@@ -14,6 +16,18 @@ public:
     ~ServidorPrueba();
     ServidorPrueba(const ServidorPrueba&) = delete;
     ServidorPrueba& operator=(const ServidorPrueba&) = delete;
+
+    // Por qué no hay servidor de pruebas ("" si lo hay), sin crear nada.
+    static QString motivoSinServidor();
+    // La batería de una prueba de pantallas se repite contra el servidor cuando CTest la lanza
+    // con PLANORUM_PRUEBAS_MOTOR=postgresql (las de PRUEBAS_REPETIDAS_EN_SERVIDOR).
+    static bool pedido();
+
+    // Una prueba con las dos filas ("fichero" y "servidor", columna bool "servidor") corre sobre
+    // el fichero y sobre una base propia del servidor: MOTOR_DE_LA_FILA la prepara.
+    static void filasDeMotor();
+    // Conecta el entorno al motor de la fila; falso si pide servidor y no lo hay.
+    static bool elegirMotor(EntornoPrueba& e, std::optional<ServidorPrueba>& s);
 
     bool disponible() const { return m_motivo.isEmpty(); }
     QString motivo() const { return m_motivo; }
@@ -33,3 +47,10 @@ private:
         if (!(s).disponible()) \
             QSKIP(qPrintable((s).motivo())); \
     } while (false)
+
+// Entorno `e` conectado al motor de la fila de la prueba, y su servidor `s` si lo pide.
+#define MOTOR_DE_LA_FILA(e, s) \
+    EntornoPrueba e; \
+    std::optional<ServidorPrueba> s; \
+    if (!ServidorPrueba::elegirMotor(e, s)) \
+        QSKIP(qPrintable(s->motivo()));

@@ -61,35 +61,6 @@ QStringList columna(const QString& sql, const QVariantList& v = {})
 class tst_servidor : public QObject {
     Q_OBJECT
 
-    // Cada prueba con las dos filas corre sobre el fichero y sobre una base propia del servidor.
-    static void filasDeMotor()
-    {
-        QTest::addColumn<bool>("servidor");
-        QTest::newRow("fichero") << false;
-        QTest::newRow("servidor") << true;
-    }
-
-    // Prepara el motor de la fila; falso (y la prueba se salta) si pide servidor y no lo hay.
-    static bool elegirMotor(EntornoPrueba& e, std::optional<ServidorPrueba>& s)
-    {
-        QFETCH(bool, servidor);
-        if (!servidor) {
-            e.conectar();
-            return true;
-        }
-        s.emplace();
-        if (!s->disponible())
-            return false;
-        s->elegirEn(e);
-        return true;
-    }
-
-#define MOTOR_DE_LA_FILA(e, s) \
-    EntornoPrueba e; \
-    std::optional<ServidorPrueba> s; \
-    if (!elegirMotor(e, s)) \
-        QSKIP(qPrintable(s->motivo()));
-
 private slots:
     void esquemaIgualEnLosDosMotores()
     {
@@ -124,6 +95,15 @@ private slots:
         }
         QSqlDatabase::removeDatabase(QStringLiteral("plantilla"));
         QCOMPARE(esperado.filter(QStringLiteral(" identity")).size(), 12);
+        // Y cada tabla, el orden de llegada de sus filas, que en el fichero es el rowid oculto.
+        const QStringList tablasFichero = [&] {
+            QSet<QString> r;
+            for (const QString& c : esperado)
+                r.insert(c.section(QLatin1Char('.'), 0, 0));
+            return QStringList(r.begin(), r.end());
+        }();
+        for (const QString& tabla : tablasFichero)
+            esperado << tabla + QStringLiteral(".rowid bigint identity");
 
         ServidorPrueba s;
         REQUIERE_SERVIDOR(s);
@@ -149,7 +129,7 @@ private slots:
         QCOMPARE(sql.count(QStringLiteral("CREATE TABLE ")), 41);
     }
 
-    void guardarEnTransaccion_data() { filasDeMotor(); }
+    void guardarEnTransaccion_data() { ServidorPrueba::filasDeMotor(); }
     void guardarEnTransaccion()
     {
         MOTOR_DE_LA_FILA(e, s);
@@ -182,7 +162,7 @@ private slots:
         QCOMPARE(siguienteClave(QStringLiteral("Clientes"), QStringLiteral("Codigo_Cli")), 1);
     }
 
-    void clavesDeDosPuestosALaVez_data() { filasDeMotor(); }
+    void clavesDeDosPuestosALaVez_data() { ServidorPrueba::filasDeMotor(); }
     void clavesDeDosPuestosALaVez()
     {
         MOTOR_DE_LA_FILA(e, s);
@@ -206,7 +186,7 @@ private slots:
         QCOMPARE(escalar(QStringLiteral("SELECT MAX(Codigo_Cli) FROM Clientes")).toInt(), 2 * cuantos);
     }
 
-    void claveNuevaDelContador_data() { filasDeMotor(); }
+    void claveNuevaDelContador_data() { ServidorPrueba::filasDeMotor(); }
     void claveNuevaDelContador()
     {
         MOTOR_DE_LA_FILA(e, s);
@@ -226,7 +206,7 @@ private slots:
         t.confirmar();
     }
 
-    void ordenYBusquedasEnEspanol_data() { filasDeMotor(); }
+    void ordenYBusquedasEnEspanol_data() { ServidorPrueba::filasDeMotor(); }
     void ordenYBusquedasEnEspanol()
     {
         MOTOR_DE_LA_FILA(e, s);
@@ -264,6 +244,26 @@ private slots:
         QCOMPARE(escalar(QStringLiteral("SELECT count(*) FROM Clientes WHERE Nombre_Cli NOT LIKE ?"), {QStringLiteral("%u%")}).toInt(), 9);
         QCOMPARE(columna(QStringLiteral("SELECT UCASE(Nombre_Cli) FROM Clientes WHERE UPPER(Nombre_Cli) = ?"), {QStringLiteral("ÑANDÚ")}),
                  QStringList{QStringLiteral("ÑANDÚ")});
+    }
+
+    // Las filas de enlace se leen en el orden en que llegaron, también tras cambiar una; la fila
+    // se señala por su rowid; y una sentencia sin lista de columnas no ve el rowid del servidor.
+    void ordenDeLlegada_data() { ServidorPrueba::filasDeMotor(); }
+    void ordenDeLlegada()
+    {
+        MOTOR_DE_LA_FILA(e, s);
+        UsoConexion uso;
+        for (const int arquitecto : {30, 10, 20})
+            ejecutar(QStringLiteral("INSERT INTO Autores_Proyecto VALUES (?, ?)"), {7, arquitecto});
+        ejecutar(QStringLiteral("UPDATE Autores_Proyecto SET PryCod = 7 WHERE Codigo_Arq = 30"));
+        const QString enOrden = QStringLiteral("SELECT Codigo_Arq FROM Autores_Proyecto WHERE PryCod = ? ORDER BY rowid");
+        QCOMPARE(columna(enOrden, {7}), (QStringList{QStringLiteral("30"), QStringLiteral("10"), QStringLiteral("20")}));
+        const QVariant segunda = escalar(QStringLiteral("SELECT rowid FROM Autores_Proyecto ORDER BY rowid LIMIT 1 OFFSET 1"));
+        ejecutar(QStringLiteral("UPDATE Autores_Proyecto SET Codigo_Arq = 11 WHERE rowid = ?"), {segunda});
+        QCOMPARE(columna(enOrden, {7}), (QStringList{QStringLiteral("30"), QStringLiteral("11"), QStringLiteral("20")}));
+        Consulta todo(QStringLiteral("SELECT * FROM Autores_Proyecto ORDER BY rowid"));
+        QVERIFY(todo.siguiente());
+        QCOMPARE((QVariantList{todo.valor(0).toInt(), todo.valor(1).toInt()}), (QVariantList{7, 30}));
     }
 
     // Un motor mal escrito o un servidor que no se alcanza: mensaje en español, una entrada en el

@@ -10,6 +10,7 @@
 #include "search/frmBuscar.h"
 #include "search/frmBuscarSeleccionar.h"
 #include "tests/comun/EntornoPrueba.h"
+#include "tests/comun/ServidorPrueba.h"
 #include "tests/pantallas/PruebaPantallas.h"
 
 #include <QAction>
@@ -22,6 +23,8 @@
 #include <QMdiSubWindow>
 #include <QTreeView>
 #include <QtTest>
+
+#include <optional>
 
 using Mensajes::Respuesta;
 
@@ -95,9 +98,19 @@ QString estadoExportar(PantallaBusqueda* f)
     return r;
 }
 
-// Entorno de prueba conectado y, si se pide, con los datos de llenar().
+// Entorno de prueba conectado (al fichero o, si CTest lo pide, a una base propia del servidor) y,
+// si se pide, con los datos de llenar().
 struct Entorno : EntornoPrueba {
-    explicit Entorno(bool datos = true) { conectar(); if (datos) llenar(); }
+    std::optional<ServidorPrueba> servidor;
+    explicit Entorno(bool datos = true)
+    {
+        if (ServidorPrueba::pedido())
+            servidor.emplace().elegirEn(*this);
+        else
+            conectar();
+        if (datos)
+            llenar();
+    }
 };
 
 frmBuscar* abrir(const QString& tabla, const QString& tipo = {})
@@ -140,6 +153,8 @@ class tst_buscar : public QObject {
 private slots:
     void init()
     {
+        if (ServidorPrueba::pedido() && !ServidorPrueba::motivoSinServidor().isEmpty())
+            QSKIP(qPrintable(ServidorPrueba::motivoSinServidor()));
         Aplicacion::reiniciar();
         frmMenu::instancia();
     }
