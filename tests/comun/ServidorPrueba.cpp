@@ -47,6 +47,14 @@ QString ServidorPrueba::motivoSinServidor()
 
 bool ServidorPrueba::pedido() { return qEnvironmentVariable("PLANORUM_PRUEBAS_MOTOR").compare(QLatin1String("postgresql"), Qt::CaseInsensitive) == 0; }
 
+void ServidorPrueba::conectarAlPedido(EntornoPrueba& e, std::optional<ServidorPrueba>& s)
+{
+    if (pedido())
+        s.emplace().elegirEn(e);
+    else
+        e.conectar();
+}
+
 ServidorPrueba::ServidorPrueba() : m_motivo(motivoSinServidor())
 {
     if (!m_motivo.isEmpty())
@@ -61,7 +69,17 @@ ServidorPrueba::ServidorPrueba() : m_motivo(motivoSinServidor())
     const QString propia = QStringLiteral("prueba_%1_%2").arg(QCoreApplication::applicationPid()).arg(++cuenta);
     comoAdministrador(m_datos, [&](QSqlDatabase& db) { ejecutarEn(db, QStringLiteral("CREATE DATABASE %1").arg(propia)); });
     m_datos.base = propia;
-    comoAdministrador(m_datos, [](QSqlDatabase& db) { EsquemaServidor::crear(db); });
+    comoAdministrador(m_datos, [](QSqlDatabase& db) {
+        EsquemaServidor::crear(db);
+        // Las pruebas leen listas con el group_concat del fichero; el programa no lo usa.
+        for (const char* sql : {
+                 "CREATE FUNCTION public.unir(text, anyelement, text) RETURNS text LANGUAGE sql IMMUTABLE "
+                 "AS $$ SELECT CASE WHEN $2 IS NULL THEN $1 WHEN $1 IS NULL THEN $2::text ELSE $1 || $3 || $2::text END $$",
+                 "CREATE FUNCTION public.unir(text, anyelement) RETURNS text LANGUAGE sql IMMUTABLE AS $$ SELECT public.unir($1, $2, ',') $$",
+                 "CREATE AGGREGATE public.group_concat(anyelement, text) (SFUNC = public.unir, STYPE = text)",
+                 "CREATE AGGREGATE public.group_concat(anyelement) (SFUNC = public.unir, STYPE = text)"})
+            ejecutarEn(db, QString::fromLatin1(sql));
+    });
 }
 
 ServidorPrueba::~ServidorPrueba()

@@ -22,6 +22,9 @@ public:
     // La batería de una prueba de pantallas se repite contra el servidor cuando CTest la lanza
     // con PLANORUM_PRUEBAS_MOTOR=postgresql (las de PRUEBAS_REPETIDAS_EN_SERVIDOR).
     static bool pedido();
+    // Conecta el entorno al motor que pide CTest: el fichero, o una base propia del servidor que
+    // `s` conserva mientras dure la prueba.
+    static void conectarAlPedido(EntornoPrueba& e, std::optional<ServidorPrueba>& s);
 
     // Una prueba con las dos filas ("fichero" y "servidor", columna bool "servidor") corre sobre
     // el fichero y sobre una base propia del servidor: MOTOR_DE_LA_FILA la prepara.

@@ -6,11 +6,17 @@
 #include "core/Pantallas.h"
 #include "reports/modInformes.h"
 #include "tests/comun/EntornoPrueba.h"
+#include "tests/comun/ServidorPrueba.h"
 
 #include <QApplication>
 #include <QMdiSubWindow>
 #include <QPointer>
 #include <QtTest>
+
+#include <cstdio>
+
+// Lo que devuelve una prueba repetida contra el servidor cuando no lo hay (SKIP_RETURN_CODE).
+constexpr int PRUEBA_SALTADA = 77;
 
 // Cada caso empieza sin pantallas (salvo la principal) ni informe en curso, también tras uno
 // que falla a medias. Se guardan punteros vigilados: borrar una puede llevarse otra.
@@ -32,6 +38,10 @@ inline void cerrarPantallas()
         QApplication app(argc, argv);                \
         app.setAttribute(Qt::AA_Use96Dpi, true);     \
         Aplicacion::registrarPantallas();            \
+        if (ServidorPrueba::pedido() && !ServidorPrueba::motivoSinServidor().isEmpty()) { \
+            std::puts(qPrintable(ServidorPrueba::motivoSinServidor())); \
+            return PRUEBA_SALTADA;                   \
+        }                                            \
         Clase prueba;                                \
         QTEST_SET_MAIN_SOURCE_PATH                   \
         return QTest::qExec(&prueba, argc, argv);    \

@@ -104,10 +104,7 @@ struct Entorno : EntornoPrueba {
     std::optional<ServidorPrueba> servidor;
     explicit Entorno(bool datos = true)
     {
-        if (ServidorPrueba::pedido())
-            servidor.emplace().elegirEn(*this);
-        else
-            conectar();
+        ServidorPrueba::conectarAlPedido(*this, servidor);
         if (datos)
             llenar();
     }
@@ -153,8 +150,6 @@ class tst_buscar : public QObject {
 private slots:
     void init()
     {
-        if (ServidorPrueba::pedido() && !ServidorPrueba::motivoSinServidor().isEmpty())
-            QSKIP(qPrintable(ServidorPrueba::motivoSinServidor()));
         Aplicacion::reiniciar();
         frmMenu::instancia();
     }

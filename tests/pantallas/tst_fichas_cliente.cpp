@@ -177,6 +177,8 @@ private slots:
     void guardadoConfirmadoAntesDelMensaje()
     {
         QFETCH(QString, operacion);
+        if (ServidorPrueba::pedido())
+            QSKIP("El otro puesto escribe en el fichero: en el servidor lo prueba tst_servidor");
         Entorno e;
         sembrarClienteConCopias();
         auto* f = abrirCliente(operacion, 3);
@@ -212,10 +214,10 @@ private slots:
         QCOMPARE(fila(QStringLiteral("SELECT CLIDOM, CLIPRO, CLITEL, CLICP FROM Proyectos_A WHERE PryCod = 1")),
                  (QVariantList{QStringLiteral("Mayor, 1"), QStringLiteral("Soria"), QString(""), QString("")}));
         QCOMPARE(valor(QStringLiteral("SELECT group_concat(CLINOM || '/' || REPNOM || '/' || COALESCE(REPNIF, ''), '|') "
-                                      "FROM (SELECT * FROM Proyectos_A ORDER BY PryCod)")).toString(),
+                                      "FROM (SELECT * FROM Proyectos_A ORDER BY PryCod) AS s")).toString(),
                  QStringLiteral("Obras Nuevas SL/Eva Sanz Ruiz/111|Obras Nuevas SL/viejo/|viejo/Eva Sanz Ruiz/111|ajeno/ajeno/"));
         QCOMPARE(valor(QStringLiteral("SELECT group_concat(PAGNOM || '/' || COALESCE(PAGDOM, '') || '/' || PERNOM, '|') "
-                                      "FROM (SELECT * FROM datosB4 ORDER BY Clave)")).toString(),
+                                      "FROM (SELECT * FROM datosB4 ORDER BY Clave) AS s")).toString(),
                  QStringLiteral("Obras Nuevas SL/Mayor, 1/perceptor|ajeno//perceptor"));
     }
 

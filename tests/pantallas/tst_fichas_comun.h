@@ -6,6 +6,7 @@
 #include "core/Fichas.h"
 #include "search/frmBuscar.h"
 #include "tests/comun/EntornoPrueba.h"
+#include "tests/comun/ServidorPrueba.h"
 #include "tests/pantallas/PruebaPantallas.h"
 
 #include <QAbstractButton>
@@ -17,10 +18,15 @@
 #include <QTest>
 #include <QTreeWidget>
 
+#include <optional>
+
 namespace fichas {
 
-// Entorno de prueba ya conectado a su base de datos.
-struct Entorno : EntornoPrueba { Entorno() { conectar(); } };
+// Entorno de prueba ya conectado a su base de datos (la del servidor si CTest la pide).
+struct Entorno : EntornoPrueba {
+    std::optional<ServidorPrueba> servidor;
+    Entorno() { ServidorPrueba::conectarAlPedido(*this, servidor); }
+};
 
 // Abre la ficha como lo hace la lista ("ALTA", "MODIFICAR") o, con quien recibe el registro
 // guardado, como lo hace un selector.
