@@ -488,7 +488,10 @@ QString nombresDelServidor(const QString& sql)
 
 Consulta::Consulta(QSqlDatabase db, const QString& sql, const QVariantList& valores) : m_q(db)
 {
-    m_q.setForwardOnly(true);
+    // En el servidor, de sólo avance el controlador lee fila a fila y una consulta anidada en la
+    // misma conexión (leer el arquitecto de cada fila de enlace) deja a la de fuera sin sus
+    // filas restantes: allí se lee el resultado entero.
+    m_q.setForwardOnly(!BaseDatos::esServidor(db));
     if (BaseDatos::esServidor(db) && valores.isEmpty()) {
         // El servidor no prepara BEGIN, COMMIT ni LOCK; sin valores que enlazar no hace falta.
         if (!m_q.exec(nombresDelServidor(sql)))

@@ -102,7 +102,7 @@ std::vector<bool> columnasDeFecha(const Descripcion& d)
     return fecha;
 }
 
-// En el servidor, la misma lectura por el controlador, también de sólo avance.
+// En el servidor, la misma lectura por el controlador.
 void leerFilasServidor(const Descripcion& d, const Sentencia& s, ModeloResultados* modelo)
 {
     const std::vector<bool> fecha = columnasDeFecha(d);

@@ -264,6 +264,12 @@ private slots:
         Consulta todo(QStringLiteral("SELECT * FROM Autores_Proyecto ORDER BY rowid"));
         QVERIFY(todo.siguiente());
         QCOMPARE((QVariantList{todo.valor(0).toInt(), todo.valor(1).toInt()}), (QVariantList{7, 30}));
+        // Una consulta dentro del recorrido de otra (el arquitecto de cada fila de enlace) no le
+        // quita filas a la de fuera.
+        QStringList vistos;
+        for (Consulta fuera(enOrden, {7}); fuera.siguiente();)
+            vistos << fuera.valor(0).toString() + QLatin1Char('/') + escalar(QStringLiteral("SELECT count(*) FROM Autores_Proyecto")).toString();
+        QCOMPARE(vistos, (QStringList{QStringLiteral("30/3"), QStringLiteral("11/3"), QStringLiteral("20/3")}));
     }
 
     // Un motor mal escrito o un servidor que no se alcanza: mensaje en español, una entrada en el

@@ -117,13 +117,12 @@ Q_DECLARE_METATYPE(Parada)
 class tst_proyecto : public QObject {
     Q_OBJECT
 
-    std::unique_ptr<EntornoPrueba> m_e;
+    std::unique_ptr<Entorno> m_e;
 
 private slots:
     void init()
     {
-        m_e = std::make_unique<EntornoPrueba>();
-        m_e->conectar();
+        m_e = std::make_unique<Entorno>();
         datos();
     }
     void cleanup()
