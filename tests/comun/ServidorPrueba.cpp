@@ -45,7 +45,10 @@ QString ServidorPrueba::motivoSinServidor()
     return {};
 }
 
-bool ServidorPrueba::pedido() { return qEnvironmentVariable("PLANORUM_PRUEBAS_MOTOR").compare(QLatin1String("postgresql"), Qt::CaseInsensitive) == 0; }
+bool ServidorPrueba::pedido()
+{
+    return qEnvironmentVariable("PLANORUM_PRUEBAS_MOTOR").compare(QLatin1String("postgresql"), Qt::CaseInsensitive) == 0;
+}
 
 void ServidorPrueba::conectarAlPedido(EntornoPrueba& e, std::optional<ServidorPrueba>& s)
 {
