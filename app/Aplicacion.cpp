@@ -10,7 +10,6 @@
 #include "reports/modInformes.h"
 
 #include <QApplication>
-#include <QCryptographicHash>
 #include <QDir>
 #include <QLibraryInfo>
 #include <QLocale>
@@ -53,9 +52,7 @@ void prepararEntorno()
 QString ficheroCerrojo()
 {
     // El cerrojo va por instalación: dos directorios del programa son dos programas.
-    const QByteArray huella =
-        QCryptographicHash::hash(Rutas::directorioPrograma().toUtf8(), QCryptographicHash::Sha1).toHex().left(16);
-    return QDir::temp().filePath(QStringLiteral("planorum-mirvade-") + QString::fromLatin1(huella) + QStringLiteral(".lock"));
+    return QDir::temp().filePath(QStringLiteral("planorum-mirvade-") + Rutas::huellaInstalacion() + QStringLiteral(".lock"));
 }
 
 bool hayOtraInstancia()
