@@ -21,6 +21,8 @@ namespace {
 
 const QString DRIVER_FICHERO = QStringLiteral("QSQLITE");
 const QString DRIVER_SERVIDOR = QStringLiteral("QPSQL");
+// Lo que un guardado espera al cerrojo de otro puesto antes de darse por "en uso", en los dos motores.
+constexpr int ESPERA_CERROJO_MS = 5000;
 
 Motor s_motor = Motor::SQLite;
 DatosServidor s_servidor;
@@ -299,7 +301,7 @@ QSqlDatabase abrirConexion(const QString& nombre, const QString& fichero, Acceso
     if (!QFileInfo::exists(fichero))
         lanzarError(-1, QStringLiteral("No se encuentra el fichero de la base de datos: ") + QDir::toNativeSeparators(fichero));
     db.setDatabaseName(fichero);
-    QString opciones = QStringLiteral("QSQLITE_BUSY_TIMEOUT=5000");
+    QString opciones = QStringLiteral("QSQLITE_BUSY_TIMEOUT=%1").arg(ESPERA_CERROJO_MS);
     if (soloLectura)
         opciones += QStringLiteral(";QSQLITE_OPEN_READONLY");
     db.setConnectOptions(opciones);
@@ -343,9 +345,10 @@ QSqlDatabase abrirServidor(const QString& nombre, const DatosServidor& s, Acceso
         QSqlDatabase::removeDatabase(nombre);
         throw e;
     }
-    // Las funciones españolas del esquema (LIKE, UPPER) van antes que las del sistema.
+    // Las funciones españolas del esquema (LIKE, UPPER) van antes que las del sistema. Un cerrojo
+    // de otro puesto se espera lo mismo que en el fichero y luego es "en uso".
     QSqlQuery q(db);
-    QString preparar = QStringLiteral("SET search_path = public, pg_catalog");
+    QString preparar = QStringLiteral("SET search_path = public, pg_catalog; SET lock_timeout = %1").arg(ESPERA_CERROJO_MS);
     if (acceso == Acceso::SoloLectura)
         preparar += QStringLiteral("; SET default_transaction_read_only = on");
     if (!q.exec(preparar)) {
