@@ -72,7 +72,10 @@ void frmInicio::Form_Load()
     BaseDatos::construirCadenaConexion();
     const bool enServidor = BaseDatos::motorElegido() == BaseDatos::Motor::PostgreSQL;
     if (enServidor) {
-        ui->lbl_Motor->setText(BaseDatos::servidorElegido().textoVisible());
+        // Un nombre largo se recorta: la pantalla de arranque no se ensancha.
+        const QString texto = BaseDatos::servidorElegido().textoVisible();
+        ui->lbl_Motor->setToolTip(texto);
+        ui->lbl_Motor->setText(ui->lbl_Motor->fontMetrics().elidedText(texto, Qt::ElideMiddle, ui->img_Fondo->minimumWidth() - 10));
         ui->lbl_Motor->show();
         if (isVisible())
             repaint();

@@ -214,6 +214,8 @@ bool frmConfiguracion::cargar()
         ui->txt_RutaBD->setToolTip(enServidor ? QStringLiteral("El servidor de la base de datos se elige en la sección [BD] de inicio.ini")
                                               : QString());
         ui->cmd_Cambiar->setEnabled(!enServidor);
+        if (enServidor)
+            ui->txt_RutaBD->setCursorPosition(0);  // que se lea desde "Servidor PostgreSQL"
         ui->txt_RutaExcel->setText(leerAjuste(QStringLiteral("EXPORTACION"), QStringLiteral("rutaExcel")));
         ui->txt_RutaPdf->setText(leerAjuste(QStringLiteral("EXPORTACION"), QStringLiteral("rutaPdf")));
         CargarCostesDeReferencia();

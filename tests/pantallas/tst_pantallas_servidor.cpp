@@ -26,7 +26,8 @@ class tst_pantallas_servidor : public QObject {
     {
         return leerIni(e.ficheroIni(), QString::fromLatin1(seccion), QString::fromLatin1(clave));
     }
-    QString motorDelArranque() const { return m_inicio->findChild<QLabel*>(QStringLiteral("lbl_Motor"))->text(); }
+    // El servidor que dice el arranque, entero (la línea lo recorta si no cabe).
+    QString motorDelArranque() const { return m_inicio->findChild<QLabel*>(QStringLiteral("lbl_Motor"))->toolTip(); }
 
 private slots:
     void init() { Aplicacion::reiniciar(); }
@@ -52,6 +53,7 @@ private slots:
         QCOMPARE(e.cuadros.size(), 1);
         QVERIFY(e.cuadros[0].texto.startsWith(QStringLiteral("No se han establecido valores para el IVA ni el IRPF.")));
         QVERIFY(m_inicio->findChild<QLabel*>(QStringLiteral("lbl_Motor"))->isVisibleTo(ini));
+        QVERIFY(ini->width() <= 520);  // un nombre largo no ensancha la pantalla
         QCOMPARE(motorDelArranque(), QStringLiteral("Servidor PostgreSQL: base %1 en %2:%3 (usuario %4)")
                                          .arg(s.datos().base, s.datos().servidor, s.datos().puerto, s.datos().usuario));
         ini->tmr_1_Timer();
@@ -87,6 +89,7 @@ private slots:
                  qPrintable(e.cuadros[0].texto));
         QCOMPARE(e.entradasLog(), 1);
         QCOMPARE(motorDelArranque(), QStringLiteral("Servidor PostgreSQL: base estudio en /nonexistent/planorum:5433 (usuario ana)"));
+        QCOMPARE(ini->findChild<QLabel*>(QStringLiteral("lbl_Motor"))->text(), motorDelArranque());
         QCOMPARE(ajuste(e, "Opciones", "inicio"), QStringLiteral("1"));
         QVERIFY(!BaseDatos::estaAbierta());
         // Un clic cierra la pantalla de arranque.
