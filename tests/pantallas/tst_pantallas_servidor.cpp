@@ -111,17 +111,10 @@ private slots:
         escribirAjuste(QStringLiteral("BD"), QStringLiteral("ruta"), QStringLiteral("/antes/"));
         e.carpetas << e.carpetaDatos();  // si lo pidiera, una carpeta buena
         QString explicacion;
-        QTimer vigia;
-        vigia.setInterval(10);
-        connect(&vigia, &QTimer::timeout, [&] {
-            for (QWidget* w : QApplication::topLevelWidgets())
-                if (w->objectName() == QLatin1String("frmAyudaSeleccionBD") && w->isVisible()) {
-                    vigia.stop();
-                    explicacion = w->findChild<QLabel*>(QStringLiteral("lbl_Explicacion"))->text();
-                    w->findChild<QPushButton*>(QStringLiteral("cmd_Continuar"))->click();
-                }
+        VigiaDialogo vigia(QStringLiteral("frmAyudaSeleccionBD"), [&](QWidget* w) {
+            explicacion = w->findChild<QLabel*>(QStringLiteral("lbl_Explicacion"))->text();
+            w->findChild<QPushButton*>(QStringLiteral("cmd_Continuar"))->click();
         });
-        vigia.start();
         frmInicio* ini = m_inicio = new frmInicio;
         ini->Form_Load();
         QVERIFY2(explicacion.contains(s.datos().textoVisible()), qPrintable(explicacion));
