@@ -264,6 +264,24 @@ QString DatosServidor::descripcion() const
     return r + QLatin1Char('/') + base;
 }
 
+QString DatosServidor::textoVisible() const
+{
+    QString r = QStringLiteral("Servidor PostgreSQL: ");
+    if (!servicio.isEmpty()) {
+        r += QStringLiteral("servicio ") + servicio;
+    } else {
+        if (!base.isEmpty())
+            r += QStringLiteral("base ") + base + QLatin1Char(' ');
+        // Sin servidor, libpq va al de este mismo equipo.
+        r += QStringLiteral("en ") + (servidor.isEmpty() ? QStringLiteral("localhost") : servidor);
+        if (!puerto.isEmpty())
+            r += QLatin1Char(':') + puerto;
+    }
+    if (!usuario.isEmpty())
+        r += QStringLiteral(" (usuario %1)").arg(usuario);
+    return r;
+}
+
 Motor motorElegido() { return s_motor; }
 
 const DatosServidor& servidorElegido() { return s_servidor; }
@@ -342,6 +360,7 @@ QSqlDatabase abrirServidor(const QString& nombre, const DatosServidor& s, Acceso
     if (!db.open()) {
         const ErrorPrograma e = errorDeConexion(s, db.lastError().databaseText().isEmpty() ? db.lastError().text()
                                                                                           : db.lastError().databaseText());
+        db = QSqlDatabase();  // sin copias vivas, la conexión se olvida sin aviso
         QSqlDatabase::removeDatabase(nombre);
         throw e;
     }
