@@ -353,18 +353,14 @@ void copiar(const QString& destino, const Almacen::Latido& latido)
             if (contador.isEmpty())
                 continue;
             const qint64 ultimo = ultimoDelContador(db, t.servidor(), contador);
-            Fichero::Sentencia sec(f, QStringLiteral("UPDATE sqlite_sequence SET seq = ? WHERE name = ? AND seq < ?"));
-            sec.enlazar(1, ultimo);
-            sec.enlazar(2, t.nombre);
-            sec.enlazar(3, ultimo);
-            sec.paso();
-            Fichero::Sentencia nueva(f, QStringLiteral("INSERT INTO sqlite_sequence (name, seq) SELECT ?, ? WHERE ? > 0 AND NOT EXISTS "
-                                                       "(SELECT 1 FROM sqlite_sequence WHERE name = ?)"));
-            nueva.enlazar(1, t.nombre);
-            nueva.enlazar(2, ultimo);
-            nueva.enlazar(3, ultimo);
-            nueva.enlazar(4, t.nombre);
-            nueva.paso();
+            for (const char* sql : {"UPDATE sqlite_sequence SET seq = ?2 WHERE name = ?1 AND seq < ?2",
+                                    "INSERT INTO sqlite_sequence (name, seq) SELECT ?1, ?2 WHERE ?2 > 0 "
+                                    "AND NOT EXISTS (SELECT 1 FROM sqlite_sequence WHERE name = ?1)"}) {
+                Fichero::Sentencia secuencia(f, QString::fromLatin1(sql));
+                secuencia.enlazar(1, t.nombre);
+                secuencia.enlazar(2, ultimo);
+                secuencia.paso();
+            }
         }
         f.ejecutar(QStringLiteral("COMMIT"));
     });
