@@ -87,39 +87,26 @@ private slots:
         QCOMPARE(altaDeProyecto(), 5002);
     }
 
-    // Lo que no es una copia de este programa, o trae datos que el servidor no admite: el mensaje
-    // de siempre y el servidor como estaba (vaciar y llenar se deshacen juntos).
-    void loQueNoSirveNoCambiaNada_data()
+    // Una copia del programa con datos que el servidor no admite (el fichero sí): el mensaje de
+    // una copia que no sirve y el servidor como estaba, contadores incluidos (vaciar, llenar y
+    // mover los contadores se deshacen juntos). Lo que no es una copia lo prueba tst_copia_servidor.
+    void datosQueElServidorNoAdmite_data()
     {
-        QTest::addColumn<QString>("caso");
-        QTest::addColumn<QString>("mensaje");
-        const QString repetir = QStringLiteral("\nNo se ha restaurado nada. Por favor, seleccione otra copia de seguridad");
-        QTest::newRow("texto") << QStringLiteral("texto") << QStringLiteral("El fichero seleccionado no es una copia de seguridad de este programa.") + repetir;
-        QTest::newRow("otra base de datos") << QStringLiteral("otra")
-                                            << QStringLiteral("El fichero seleccionado no es una copia de seguridad de este programa.") + repetir;
-        QTest::newRow("texto en un número") << QStringLiteral("número")
-                                            << QStringLiteral("La copia de seguridad seleccionada tiene datos que el servidor no admite (tabla Clientes).") + repetir;
-        QTest::newRow("clave nula") << QStringLiteral("clave")
-                                    << QStringLiteral("La copia de seguridad seleccionada tiene datos que el servidor no admite (tabla Costes).") + repetir;
+        QTest::addColumn<QString>("sql");
+        QTest::addColumn<QString>("tabla");
+        QTest::newRow("texto en un número") << QStringLiteral("UPDATE Clientes SET esR = 'no' WHERE Codigo_Cli = 2000") << QStringLiteral("Clientes");
+        QTest::newRow("clave nula") << QStringLiteral("INSERT INTO Costes (CODIGO) VALUES (NULL)") << QStringLiteral("Costes");
     }
-    void loQueNoSirveNoCambiaNada()
+    void datosQueElServidorNoAdmite()
     {
-        QFETCH(QString, caso);
-        QFETCH(QString, mensaje);
+        QFETCH(QString, sql);
+        QFETCH(QString, tabla);
         ServidorPrueba s;
         REQUIERE_SERVIDOR(s);
         EntornoPrueba e;
         QTemporaryDir dir;
-        QString copia = dir.filePath(QStringLiteral("mala.mee"));
-        if (caso == QLatin1String("texto"))
-            ProcesosAlmacen::escribirContenido(copia, "Presupuesto de la reforma\r\n");
-        else if (caso == QLatin1String("otra"))
-            QProcess::execute(QStringLiteral("sqlite3"), {copia, QStringLiteral("CREATE TABLE Pedidos (n); INSERT INTO Pedidos VALUES (1);")});
-        else
-            QProcess::execute(QStringLiteral("sqlite3"),
-                              {copia = copiaLlena(dir, QStringLiteral("llena.mee")),
-                               caso == QStringLiteral("número") ? QStringLiteral("UPDATE Clientes SET esR = 'no' WHERE Codigo_Cli = 2000")
-                                                               : QStringLiteral("INSERT INTO Costes (CODIGO) VALUES (NULL)")});
+        const QString copia = copiaLlena(dir, QStringLiteral("mala.mee"));
+        QCOMPARE(QProcess::execute(QStringLiteral("sqlite3"), {copia, sql}), 0);
         s.elegirEn(e);
         CopiaServidor::restaurar(copiaLlena(dir, QStringLiteral("buena.mee")));
         const QStringList antes = contenidoBaseViva();
@@ -127,7 +114,9 @@ private slots:
             CopiaServidor::restaurar(copia);
             QFAIL("la copia no debía servir");
         } catch (const Almacen::FicheroNoValido& f) {
-            QCOMPARE(f.descripcion, mensaje);
+            QCOMPARE(f.descripcion, QStringLiteral("La copia de seguridad seleccionada tiene datos que el servidor no admite (tabla %1).\n"
+                                                   "No se ha restaurado nada. Por favor, seleccione otra copia de seguridad")
+                                        .arg(tabla));
         }
         QCOMPARE(contenidoBaseViva(), antes);
         QCOMPARE(altaDeProyecto(), 5001);
