@@ -2,6 +2,7 @@
 
 #include "app/frmInicio.h"
 #include "core/BaseDatos.h"
+#include "core/EsquemaServidor.h"
 #include "core/Iconos.h"
 #include "core/Programa.h"
 #include "core/Rutas.h"
@@ -10,12 +11,12 @@
 #include "reports/modInformes.h"
 
 #include <QApplication>
-#include <QCryptographicHash>
 #include <QDir>
 #include <QLibraryInfo>
 #include <QLocale>
 #include <QLockFile>
 #include <QTranslator>
+#include <cstdio>
 #include <memory>
 
 static void iniciarRecursosNucleo() { Q_INIT_RESOURCE(recursos); }
@@ -53,9 +54,7 @@ void prepararEntorno()
 QString ficheroCerrojo()
 {
     // El cerrojo va por instalación: dos directorios del programa son dos programas.
-    const QByteArray huella =
-        QCryptographicHash::hash(Rutas::directorioPrograma().toUtf8(), QCryptographicHash::Sha1).toHex().left(16);
-    return QDir::temp().filePath(QStringLiteral("planorum-mirvade-") + QString::fromLatin1(huella) + QStringLiteral(".lock"));
+    return QDir::temp().filePath(QStringLiteral("planorum-mirvade-") + Rutas::huellaInstalacion() + QStringLiteral(".lock"));
 }
 
 bool hayOtraInstancia()
@@ -83,6 +82,13 @@ void reiniciar()
 
 int ejecutar(int argc, char* argv[])
 {
+    // Quien monta el servidor del estudio saca de aquí el esquema para cargarlo con psql -f.
+    if (argc == 2 && qstrcmp(argv[1], OPCION_ESQUEMA_SERVIDOR) == 0) {
+        QCoreApplication app(argc, argv);
+        iniciarRecursosNucleo();
+        const QByteArray esquema = EsquemaServidor::sql().toUtf8();
+        return std::fwrite(esquema.constData(), 1, static_cast<size_t>(esquema.size()), stdout) == static_cast<size_t>(esquema.size()) ? 0 : 1;
+    }
     QApplication app(argc, argv);
     QApplication::setApplicationName(QStringLiteral("PLANORUM MIRVADE"));
     QApplication::setWindowIcon(Iconos::iconoPrograma());

@@ -8,6 +8,9 @@ namespace Aplicacion {
 void prepararEntorno();  // locale español, traducciones de Qt, recursos (también en pruebas)
 void registrarPantallas();  // la pantalla de cada clave de tabla (lo hace prepararEntorno)
 int ejecutar(int argc, char* argv[]);
+// "planorum-mirvade --esquema-servidor" escribe en la salida el esquema del servidor PostgreSQL
+// (el de EsquemaServidor::sql) y termina, sin pantallas.
+inline constexpr const char* OPCION_ESQUEMA_SERVIDOR = "--esquema-servidor";
 
 void reiniciar();  // pruebas: vuelve al estado de un programa recién lanzado
 

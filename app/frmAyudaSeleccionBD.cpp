@@ -11,6 +11,14 @@
 frmAyudaSeleccionBD::frmAyudaSeleccionBD(QWidget* padre) : QDialog(padre), ui(new Ui::frmAyudaSeleccionBD)
 {
     ui->setupUi(this);
+    BaseDatos::construirCadenaConexion();
+    m_servidor = BaseDatos::motorElegido() == BaseDatos::Motor::PostgreSQL;
+    if (m_servidor)
+        ui->lbl_Explicacion->setText(
+            QStringLiteral("Es la primera vez que se ejecuta el programa en este equipo.\n\n")
+            + QStringLiteral("Este puesto trabaja con la base de datos de un servidor, como indica la sección [BD] de inicio.ini:\n")
+            + BaseDatos::servidorElegido().textoVisible()
+            + QStringLiteral("\n\nNo hace falta seleccionar ningún directorio. Pulse «Continuar» para seguir."));
     connect(ui->cmd_Continuar, &QPushButton::clicked, this, &QDialog::accept);
 }
 
@@ -27,21 +35,26 @@ void frmAyudaSeleccionBD::done(int r)
 
 void frmAyudaSeleccionBD::Form_Unload()
 {
-    const QString ruta = cambiarRuta(this, 1);
-    if (ruta.isEmpty()) {
-        Mensajes::aviso(QStringLiteral("Para que el programa funcione es necesario seleccionar la ubicación de la base de datos del programa"));
-        Programa::terminar();
-        return;
-    }
-    if (!QFileInfo::exists(ruta + BaseDatos::NOMBRE_FICHERO)) {
-        Mensajes::aviso(QStringLiteral("El directorio seleccionado no contiene la base de datos del programa.") + QStringLiteral("\n")
-                        + QStringLiteral("Por favor, seleccione la ruta en la que instaló la base de datos"));
-        Programa::terminar();
-        return;
+    // Con el servidor no se usa ningún fichero: no se pide carpeta y "ruta" queda como estaba.
+    QString ruta;
+    if (!m_servidor) {
+        ruta = cambiarRuta(this, 1);
+        if (ruta.isEmpty()) {
+            Mensajes::aviso(QStringLiteral("Para que el programa funcione es necesario seleccionar la ubicación de la base de datos del programa"));
+            Programa::terminar();
+            return;
+        }
+        if (!QFileInfo::exists(ruta + BaseDatos::NOMBRE_FICHERO)) {
+            Mensajes::aviso(QStringLiteral("El directorio seleccionado no contiene la base de datos del programa.") + QStringLiteral("\n")
+                            + QStringLiteral("Por favor, seleccione la ruta en la que instaló la base de datos"));
+            Programa::terminar();
+            return;
+        }
     }
     const QString programa = Rutas::directorioPrograma();
     escribirAjuste(QStringLiteral("BD"), QStringLiteral("ruta_instalacion"), programa + QDir::separator());
-    escribirAjuste(QStringLiteral("BD"), QStringLiteral("ruta"), ruta);
+    if (!m_servidor)
+        escribirAjuste(QStringLiteral("BD"), QStringLiteral("ruta"), ruta);
     escribirAjuste(QStringLiteral("Opciones"), QStringLiteral("inicio"), QStringLiteral("1"));
     rutaBD = leerAjuste(QStringLiteral("BD"), QStringLiteral("ruta"));
     const char* plantillas[] = {"Nota_encargo.doc", "Tiempo_retribuido.doc", "Trabajos_de_edificacion.doc",

@@ -6,7 +6,9 @@ class frmAyudaSeleccionBD;
 }
 
 // Asistente de la primera vez: explica y, al cerrarse de cualquier manera, pide la carpeta de
-// la base de datos. Si no se da una carpeta válida, el programa termina.
+// la base de datos. Si no se da una carpeta válida, el programa termina. Un puesto que trabaja
+// con un servidor ([BD] de inicio.ini) no tiene carpeta que elegir: el asistente dice qué servidor
+// usa y sólo deja anotada la instalación.
 class frmAyudaSeleccionBD : public QDialog {
     Q_OBJECT
 public:
@@ -18,4 +20,5 @@ private:
     void Form_Unload();
     Ui::frmAyudaSeleccionBD* ui;
     bool m_hecho = false;
+    bool m_servidor = false;
 };

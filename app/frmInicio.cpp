@@ -25,6 +25,8 @@ frmInicio::frmInicio(QWidget* padre) : QWidget(padre), ui(new Ui::frmInicio)
     ui->setupUi(this);
     setObjectName(QStringLiteral("frmInicio"));
     setWindowFlags(Qt::SplashScreen | Qt::FramelessWindowHint);
+    // Dónde está la base de datos sólo se dice si es un servidor: con el fichero, como siempre.
+    ui->lbl_Motor->hide();
     tmr_1.setInterval(1000);
     tmr_1.setSingleShot(false);
     connect(&tmr_1, &QTimer::timeout, this, &frmInicio::tmr_1_Timer);
@@ -69,6 +71,15 @@ void frmInicio::Form_Load()
     // servidor no hay fichero: lo que falte lo dice la conexión.
     BaseDatos::construirCadenaConexion();
     const bool enServidor = BaseDatos::motorElegido() == BaseDatos::Motor::PostgreSQL;
+    if (enServidor) {
+        // Un nombre largo se recorta: la pantalla de arranque no se ensancha.
+        const QString texto = BaseDatos::servidorElegido().textoVisible();
+        ui->lbl_Motor->setToolTip(texto);
+        ui->lbl_Motor->setText(ui->lbl_Motor->fontMetrics().elidedText(texto, Qt::ElideMiddle, ui->img_Fondo->minimumWidth() - 10));
+        ui->lbl_Motor->show();
+        if (isVisible())
+            repaint();
+    }
     if (!enServidor && !QFileInfo::exists(rutaBD + BaseDatos::NOMBRE_FICHERO)) {
         Mensajes::aviso(QStringLiteral("No se ha podido encontrar el fichero que contiene la base de datos del programa. ")
                         + QStringLiteral("Puede que haya sido borrado o cambiado de su ubicación.") + SALTO + SALTO

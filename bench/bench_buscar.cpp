@@ -1,25 +1,32 @@
 // Medida de la lista de búsqueda: apertura de frmBuscar (de Form_Load a la lista pintada) y
 // ordenación por columna con 1.000, 10.000 y 100.000 proyectos y clientes, frente a la orden
-// sqlite3 volcando la misma consulta.
-// Uso: bench_buscar                      medida completa
+// sqlite3 volcando la misma consulta en el fichero y a psql volcando la de la lista en el servidor.
+// Uso: bench_buscar [N ...]              medida con N filas (1.000, 10.000 y 100.000 si no se dice)
 //      bench_buscar --llenar FICHERO N   llena una base de datos con N proyectos y N clientes
+// El servidor se mide si hay uno de pruebas anunciado en PLANORUM_PG_SERVIDOR, _PUERTO, _USUARIO y
+// _BASE (scripts/servidor-pruebas.sh arrancar CARPETA lo arranca); sin él, sólo el fichero.
 #include "app/frmMenu.h"
 #include "core/BaseDatos.h"
 #include "core/Pantallas.h"
 #include "search/AbrirBusqueda.h"
+#include "search/TablasBusqueda.h"
 #include "search/frmBuscar.h"
 #include "tests/comun/EntornoPrueba.h"
+#include "tests/comun/ServidorPrueba.h"
 
 #include <QApplication>
 #include <QDate>
 #include <QElapsedTimer>
 #include <QFile>
 #include <QProcess>
+#include <QRegularExpression>
 #include <QSqlError>
 #include <QSqlQuery>
 #include <QTreeView>
 #include <algorithm>
 #include <cstdio>
+#include <functional>
+#include <optional>
 #include <random>
 
 namespace {
@@ -60,10 +67,9 @@ const char LETRAS_NIF[] = "TRWAGMYFPDXBNJZSQVHLCKE";
 
 QString u(const char* t) { return QString::fromUtf8(t); }
 
-// Llena Proyectos_A y Clientes con n filas cada una, de aspecto real.
-void llenar(const QString& fichero, int n)
+// Llena Proyectos_A y Clientes con n filas cada una, de aspecto real, en el fichero o en el servidor.
+void llenar(QSqlDatabase db, int n)
 {
-    QSqlDatabase db = BaseDatos::abrirConexion(QStringLiteral("generador"), fichero);
     {
         std::mt19937 azar(20080201);
         auto de = [&azar](int hasta) { return static_cast<int>(azar() % static_cast<unsigned>(hasta)); };
@@ -72,7 +78,7 @@ void llenar(const QString& fichero, int n)
         p.prepare(QStringLiteral("INSERT INTO Proyectos_A (EXPNUM, Trabajo, Emplazamiento, Municipio, Provincia, EXPFV, EXPFFO, "
                                  "CLINOM) VALUES (?,?,?,?,?,?,?,?)"));
         QSqlQuery c(db);
-        c.prepare(QStringLiteral("INSERT INTO Clientes (Codigo_Cli, Nombre_Cli, Ape_Cli, NIF, \"Dirección_Cli\", Municipio_Cli, "
+        c.prepare(QStringLiteral("INSERT INTO Clientes (Codigo_Cli, Nombre_Cli, Ape_Cli, NIF, \"dirección_cli\", Municipio_Cli, "
                                  "Provincia_Cli, cp, esR) VALUES (?,?,?,?,?,?,?,?,-1)"));
         const int nNombres = std::size(NOMBRES), nApellidos = std::size(APELLIDOS), nProv = std::size(PROVINCIAS);
         const int nTrabajos = std::size(TRABAJOS), nVias = std::size(VIAS);
@@ -96,7 +102,7 @@ void llenar(const QString& fichero, int n)
             p.addBindValue(de(3) ? QVariant() : QVariant(visado.addDays(200 + de(700)).toString(Qt::ISODate)));
             p.addBindValue(cliente);
             if (!p.exec())
-                throw BaseDatos::errorDe(p.lastError());
+                throw BaseDatos::errorDe(p.lastError(), db);
 
             const int dni = 1000000 + static_cast<int>(azar() % 89000000u);
             const Provincia& pc = PROVINCIAS[de(nProv)];
@@ -109,7 +115,7 @@ void llenar(const QString& fichero, int n)
             c.addBindValue(u(pc.nombre));
             c.addBindValue(QStringLiteral("%1").arg(5000 + de(45000), 5, 10, QLatin1Char('0')));
             if (!c.exec())
-                throw BaseDatos::errorDe(c.lastError());
+                throw BaseDatos::errorDe(c.lastError(), db);
         }
         ejecutar(db, QStringLiteral("COMMIT"));
     }
@@ -117,6 +123,8 @@ void llenar(const QString& fichero, int n)
     db = QSqlDatabase();
     QSqlDatabase::removeDatabase(QStringLiteral("generador"));
 }
+
+void llenar(const QString& fichero, int n) { llenar(BaseDatos::abrirConexion(QStringLiteral("generador"), fichero), n); }
 
 // Memoria del proceso en KB: "VmRSS" la actual, "VmHWM" la máxima.
 long memoriaKB(const char* campo = "VmRSS:")
@@ -135,8 +143,8 @@ double mediana(std::vector<double> v)
     return v[v.size() / 2];
 }
 
-// Tiempo de la orden sqlite3 volcando la consulta al dispositivo nulo.
-double sqlite3(const QString& fichero, const QString& sql)
+// Tiempo de una orden volcando una consulta al dispositivo nulo: el suelo de la lista.
+double volcado(const QString& orden, const QStringList& argumentos)
 {
     std::vector<double> t;
     for (int i = 0; i < 3; ++i) {
@@ -144,11 +152,31 @@ double sqlite3(const QString& fichero, const QString& sql)
         r.start();
         QProcess p;
         p.setStandardOutputFile(QProcess::nullDevice());
-        p.start(QStringLiteral("sqlite3"), {fichero, sql});
+        p.start(orden, argumentos);
         p.waitForFinished(-1);
+        if (p.exitCode() != 0)
+            std::fprintf(stderr, "%s: %s\n", qPrintable(orden), p.readAllStandardError().constData());
         t.push_back(r.nsecsElapsed() / 1e6);
     }
     return mediana(t);
+}
+
+double volcadoSqlite3(const QString& fichero, const QString& sql) { return volcado(QStringLiteral("sqlite3"), {fichero, sql}); }
+
+// En el servidor, la misma sentencia que lee la lista (con sus nombres en minúsculas, como los
+// escribe Consulta y con el mismo search_path que fija cada conexión del programa).
+double psql(const BaseDatos::DatosServidor& d, const QString& tabla)
+{
+    QString sql = TablasBusqueda::construirSentencia(*TablasBusqueda::descripcion(tabla, {}), 0, {}).sql;
+    static const QRegularExpression nombre(QStringLiteral("\"[^\"]*\""));
+    for (auto it = nombre.globalMatch(sql); it.hasNext();) {
+        const auto m = it.next();
+        sql.replace(m.capturedStart(), m.capturedLength(), m.captured().toLower());
+    }
+    return volcado(QStringLiteral("psql"), {QStringLiteral("-X"), QStringLiteral("-q"), QStringLiteral("-A"), QStringLiteral("-t"),
+                                            QStringLiteral("-h"), d.servidor, QStringLiteral("-p"), d.puerto, QStringLiteral("-U"),
+                                            d.usuario, QStringLiteral("-d"), d.base, QStringLiteral("-c"),
+                                            QStringLiteral("SET search_path = public, pg_catalog"), QStringLiteral("-c"), sql});
 }
 
 struct Medida {
@@ -157,7 +185,7 @@ struct Medida {
     size_t datosMB;
 };
 
-Medida medir(const QString& fichero, const QString& tabla, const QString& sqlSuelo, int columnaOrden)
+Medida medir(const QString& tabla, const std::function<double()>& suelo, int columnaOrden)
 {
     std::vector<double> abrir, primerOrden, ordenar;
     size_t datos = 0;
@@ -182,8 +210,7 @@ Medida medir(const QString& fichero, const QString& tabla, const QString& sqlSue
     }
     Pantallas::descargar<frmBuscar>();
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    return {mediana(abrir), mediana(primerOrden), mediana(ordenar), sqlite3(fichero, sqlSuelo), memoriaKB("VmHWM:") / 1024.0,
-            datos / (1024 * 1024)};
+    return {mediana(abrir), mediana(primerOrden), mediana(ordenar), suelo(), memoriaKB("VmHWM:") / 1024.0, datos / (1024 * 1024)};
 }
 
 }  // namespace
@@ -204,30 +231,51 @@ int main(int argc, char** argv)
         "SELECT Codigo_Cli, Nombre_Cli, Ape_Cli, NIF, \"Dirección_Cli\", Municipio_Cli, Provincia_Cli FROM Clientes "
         "ORDER BY Ape_Cli COLLATE NOCASE, Nombre_Cli COLLATE NOCASE, Codigo_Cli");
 
-    std::printf("%-10s %-7s %9s %12s %12s %11s %7s %12s %9s\n", "lista", "filas", "abrir ms", "1er orden ms", "otro orden ms",
-                "sqlite3 ms", "razón", "pico RSS MB", "datos MB");
-    for (int n : {1000, 10000, 100000}) {
-        EntornoPrueba e;
-        e.conectar();
-        llenar(e.ficheroBD(), n);
-        frmMenu* menu = frmMenu::instancia();
-        menu->resize(1400, 900);
-        menu->show();
-        QApplication::processEvents();
-        struct {
-            const char* nombre;
-            QString tabla, suelo;
-            int columna;
-        } listas[] = {{"proyectos", QStringLiteral("PROYECTOS_A"), sueloProyectos, 2},
-                      {"clientes", QStringLiteral("CLIENTES"), sueloClientes, 1}};
-        for (const auto& l : listas) {
-            const Medida m = medir(e.ficheroBD(), l.tabla, l.suelo, l.columna);
-            std::printf("%-10s %-7d %9.1f %12.1f %12.1f %11.1f %7.2f %12.1f %9zu\n", l.nombre, n, m.abrir, m.primerOrden,
-                        m.ordenar, m.suelo, m.abrir / m.suelo, m.picoMB, m.datosMB);
-            std::fflush(stdout);
+    std::vector<int> tamanos;
+    for (int i = 1; i < argc; ++i)
+        tamanos.push_back(QByteArray(argv[i]).toInt());
+    if (tamanos.empty())
+        tamanos = {1000, 10000, 100000};
+    const QString sinServidor = ServidorPrueba::motivoSinServidor();
+    if (!sinServidor.isEmpty())
+        std::printf("Sólo el fichero: %s\n", qPrintable(sinServidor));
+
+    std::printf("%-10s %-8s %-7s %9s %12s %12s %9s %7s %12s %9s\n", "lista", "motor", "filas", "abrir ms", "1er orden ms",
+                "otro orden ms", "suelo ms", "razón", "pico RSS MB", "datos MB");
+    for (int n : tamanos) {
+        for (const bool enServidor : {false, true}) {
+            if (enServidor && !sinServidor.isEmpty())
+                continue;
+            EntornoPrueba e;
+            std::optional<ServidorPrueba> s;
+            if (enServidor) {
+                s.emplace().elegirEn(e);
+                llenar(BaseDatos::abrirServidor(QStringLiteral("generador"), s->datos()), n);
+            } else {
+                e.conectar();
+                llenar(e.ficheroBD(), n);
+            }
+            frmMenu* menu = frmMenu::instancia();
+            menu->resize(1400, 900);
+            menu->show();
+            QApplication::processEvents();
+            struct {
+                const char* nombre;
+                QString tabla, suelo;
+                int columna;
+            } listas[] = {{"proyectos", QStringLiteral("PROYECTOS_A"), sueloProyectos, 2},
+                          {"clientes", QStringLiteral("CLIENTES"), sueloClientes, 1}};
+            for (const auto& l : listas) {
+                const auto suelo = [&] { return enServidor ? psql(s->datos(), l.tabla) : volcadoSqlite3(e.ficheroBD(), l.suelo); };
+                const Medida m = medir(l.tabla, suelo, l.columna);
+                std::printf("%-10s %-8s %-7d %9.1f %12.1f %12.1f %9.1f %7.2f %12.1f %9zu\n", l.nombre,
+                            enServidor ? "servidor" : "fichero", n, m.abrir, m.primerOrden, m.ordenar, m.suelo, m.abrir / m.suelo,
+                            m.picoMB, m.datosMB);
+                std::fflush(stdout);
+            }
+            delete menu;
+            QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         }
-        delete menu;
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     }
     std::printf("Memoria del proceso al terminar: %.1f MB (pico %.1f MB)\n", memoriaKB() / 1024.0, memoriaKB("VmHWM:") / 1024.0);
     return 0;

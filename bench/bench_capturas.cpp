@@ -2,7 +2,11 @@
 // proyecto, el menú "Ventana" con las pantallas abiertas, el registro de contratos con el alta de
 // un documento y el editor con un contrato. Uso: bench_capturas carpeta
 // (mejor bajo xvfb-run -s '-screen 0 1366x768x24'; sin pantalla sirve QT_QPA_PLATFORM=offscreen).
+// Con "bench_capturas carpeta --servidor", el arranque, el asistente y la configuración de un
+// puesto del servidor de pruebas anunciado en PLANORUM_PG_* (scripts/servidor-pruebas.sh).
 #include "app/Aplicacion.h"
+#include "app/frmAyudaSeleccionBD.h"
+#include "app/frmInicio.h"
 #include "app/frmMenu.h"
 #include "contracts/frmAddModContrato.h"
 #include "contracts/frmContratos.h"
@@ -12,7 +16,9 @@
 #include "core/Programa.h"
 #include "reports/modInformes.h"
 #include "search/AbrirBusqueda.h"
+#include "masterdata/frmConfiguracion.h"
 #include "tests/comun/EntornoPrueba.h"
+#include "tests/comun/ServidorPrueba.h"
 #include "tools/frmEditorRTF.h"
 
 #include <QApplication>
@@ -20,6 +26,7 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QPainter>
+#include <QTabWidget>
 #include <cstdio>
 
 namespace {
@@ -31,6 +38,40 @@ void guardar(QWidget* ventana, const QString& fichero)
         std::printf("no se ha podido guardar %s\n", qPrintable(fichero));
     else
         std::printf("%s\n", qPrintable(fichero));
+}
+
+// Un puesto del servidor: la pantalla de arranque (con el IVA ya puesto, sin preguntas), el
+// asistente de la primera vez y la pestaña "Parámetros" de la configuración, con las carpetas.
+int capturasDelServidor(const QString& carpeta)
+{
+    EntornoPrueba env;
+    ServidorPrueba s;
+    if (!s.disponible()) {
+        std::printf("%s\n", qPrintable(s.motivo()));
+        return 1;
+    }
+    s.elegirEn(env);
+    {
+        UsoConexion uso;
+        ejecutar(QStringLiteral("INSERT INTO Config (Arq1Nom, Modulo, IVA, IRPF) VALUES ('Ana García Sáenz', 530, 21, 15)"));
+    }
+    BaseDatos::cerrar();
+    auto* inicio = new frmInicio;
+    inicio->Form_Load();
+    guardar(inicio, carpeta + QStringLiteral("/inicio-servidor.png"));
+    delete inicio;
+
+    frmAyudaSeleccionBD asistente;
+    asistente.show();
+    guardar(&asistente, carpeta + QStringLiteral("/asistente-servidor.png"));
+    asistente.hide();
+
+    frmMenu* menu = frmMenu::instancia();
+    menu->resize(1366, 768);
+    menu->show();
+    frmConfiguracion::abrir(1);
+    guardar(menu, carpeta + QStringLiteral("/configuracion-servidor.png"));
+    return 0;
 }
 
 }  // namespace
@@ -45,6 +86,8 @@ int main(int argc, char** argv)
     const QString carpeta = QString::fromLocal8Bit(argv[1]);
     modInformes::inicializarRecursos();
     Aplicacion::registrarPantallas();
+    if (argc > 2 && qstrcmp(argv[2], "--servidor") == 0)
+        return capturasDelServidor(carpeta);
     EntornoPrueba env;
     env.conectar();
     {

@@ -21,6 +21,8 @@ namespace {
 
 const QString DRIVER_FICHERO = QStringLiteral("QSQLITE");
 const QString DRIVER_SERVIDOR = QStringLiteral("QPSQL");
+// Lo que un guardado espera al cerrojo de otro puesto antes de darse por "en uso", en los dos motores.
+constexpr int ESPERA_CERROJO_MS = 5000;
 
 Motor s_motor = Motor::SQLite;
 DatosServidor s_servidor;
@@ -262,6 +264,24 @@ QString DatosServidor::descripcion() const
     return r + QLatin1Char('/') + base;
 }
 
+QString DatosServidor::textoVisible() const
+{
+    QString r = QStringLiteral("Servidor PostgreSQL: ");
+    if (!servicio.isEmpty()) {
+        r += QStringLiteral("servicio ") + servicio;
+    } else {
+        if (!base.isEmpty())
+            r += QStringLiteral("base ") + base + QLatin1Char(' ');
+        // Sin servidor, libpq va al de este mismo equipo.
+        r += QStringLiteral("en ") + (servidor.isEmpty() ? QStringLiteral("localhost") : servidor);
+        if (!puerto.isEmpty())
+            r += QLatin1Char(':') + puerto;
+    }
+    if (!usuario.isEmpty())
+        r += QStringLiteral(" (usuario %1)").arg(usuario);
+    return r;
+}
+
 Motor motorElegido() { return s_motor; }
 
 const DatosServidor& servidorElegido() { return s_servidor; }
@@ -299,7 +319,7 @@ QSqlDatabase abrirConexion(const QString& nombre, const QString& fichero, Acceso
     if (!QFileInfo::exists(fichero))
         lanzarError(-1, QStringLiteral("No se encuentra el fichero de la base de datos: ") + QDir::toNativeSeparators(fichero));
     db.setDatabaseName(fichero);
-    QString opciones = QStringLiteral("QSQLITE_BUSY_TIMEOUT=5000");
+    QString opciones = QStringLiteral("QSQLITE_BUSY_TIMEOUT=%1").arg(ESPERA_CERROJO_MS);
     if (soloLectura)
         opciones += QStringLiteral(";QSQLITE_OPEN_READONLY");
     db.setConnectOptions(opciones);
@@ -340,12 +360,14 @@ QSqlDatabase abrirServidor(const QString& nombre, const DatosServidor& s, Acceso
     if (!db.open()) {
         const ErrorPrograma e = errorDeConexion(s, db.lastError().databaseText().isEmpty() ? db.lastError().text()
                                                                                           : db.lastError().databaseText());
+        db = QSqlDatabase();  // sin copias vivas, la conexión se olvida sin aviso
         QSqlDatabase::removeDatabase(nombre);
         throw e;
     }
-    // Las funciones españolas del esquema (LIKE, UPPER) van antes que las del sistema.
+    // Las funciones españolas del esquema (LIKE, UPPER) van antes que las del sistema. Un cerrojo
+    // de otro puesto se espera lo mismo que en el fichero y luego es "en uso".
     QSqlQuery q(db);
-    QString preparar = QStringLiteral("SET search_path = public, pg_catalog");
+    QString preparar = QStringLiteral("SET search_path = public, pg_catalog; SET lock_timeout = %1").arg(ESPERA_CERROJO_MS);
     if (acceso == Acceso::SoloLectura)
         preparar += QStringLiteral("; SET default_transaction_read_only = on");
     if (!q.exec(preparar)) {

@@ -32,6 +32,9 @@ enum class Motor { SQLite, PostgreSQL };
 struct DatosServidor {
     QString servicio, servidor, puerto, base, usuario;
     QString descripcion() const;     // para los mensajes: "servicio x" o "usuario@servidor:puerto/base"
+    // Para las pantallas: "Servidor PostgreSQL: base x en servidor:puerto (usuario u)" o
+    // "Servidor PostgreSQL: servicio x"; lo que inicio.ini no dice no se enseña.
+    QString textoVisible() const;
 };
 Motor motorElegido();
 const DatosServidor& servidorElegido();

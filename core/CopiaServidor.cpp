@@ -376,16 +376,14 @@ void restaurar(const QString& copia, const Almacen::Latido& latido)
     // Todo en una transacción: si algo falla, al cerrar la conexión sin confirmar el servidor
     // queda como estaba.
     ejecutar(db, QStringLiteral("BEGIN"));
-    // Otro puesto a mitad de un guardado lo termina en un momento; si no suelta las tablas en unos
-    // segundos, la base de datos está en uso.
-    ejecutar(db, QStringLiteral("SET LOCAL lock_timeout = '5s'"));
     const Catalogo cat = catalogo(db);
     const QList<Tabla> tablas = comunes(tablasDe(origen.db()), cat);
     QStringList todas;
     for (auto it = cat.columnas.cbegin(); it != cat.columnas.cend(); ++it)
         todas << entreComillas(it.key());
     // Nadie lee ni escribe a medias lo que se restaura: las tablas son de esta transacción hasta
-    // confirmarla.
+    // confirmarla. Al guardado de otro puesto se le espera lo que espera la conexión a un cerrojo;
+    // si no termina, la base de datos está en uso.
     ejecutar(db, QStringLiteral("LOCK TABLE %1 IN ACCESS EXCLUSIVE MODE").arg(todas.join(QLatin1Char(','))));
     // Vaciar reinicia también el orden de llegada, que las filas de la copia toman en su orden.
     ejecutar(db, QStringLiteral("TRUNCATE %1 RESTART IDENTITY").arg(todas.join(QLatin1Char(','))));

@@ -1,6 +1,7 @@
 #include "core/Rutas.h"
 
 #include <QCoreApplication>
+#include <QCryptographicHash>
 #include <QDir>
 
 namespace {
@@ -34,6 +35,11 @@ QString enPrograma(const QString& relativa)
     if (r.startsWith(QDir::separator()))
         r.remove(0, 1);
     return directorioPrograma() + QDir::separator() + r;
+}
+
+QString huellaInstalacion()
+{
+    return QString::fromLatin1(QCryptographicHash::hash(directorioPrograma().toUtf8(), QCryptographicHash::Sha1).toHex().left(16));
 }
 
 QString ficheroIni() { return enPrograma(QStringLiteral("inicio.ini")); }

@@ -11,4 +11,6 @@ QString ficheroIni();
 QString ficheroLog();
 QString nativa(const QString& ruta);          // con el separador de la plataforma
 QString conSeparadorFinal(const QString& ruta);
+// 16 cifras hexadecimales propias del directorio del programa: dos instalaciones, dos huellas.
+QString huellaInstalacion();
 }

@@ -1,5 +1,6 @@
 #pragma once
 #include "core/BaseDatos.h"
+#include "reports/TablasTemporales.h"
 
 #include <QList>
 #include <QString>
@@ -20,7 +21,7 @@ public:
     QVariant valor(const QString& columna) const;
     bool tiene(const QString& columna) const;
     const Campos& campos() const { return m_campos; }
-    void insertarEn(const QString& tabla) const { insertar(tabla, m_campos); }
+    void insertarEn(const QString& tabla) const { TablasTemporales::insertar(tabla, m_campos); }
 
 private:
     Campos m_campos;

@@ -240,9 +240,7 @@ void DatosImpreso::tlb_BotoneraImprimir_ButtonClick()
             enTransaccion = true;
             // Los fallos propios de los dos escritores se anotan y no deshacen la transacción.
             guardarDatosHistorico();
-            ejecutar(QStringLiteral("DELETE FROM \"%1\"").arg(m_definicion->tablaTemporal));
-            for (const QString& extra : m_definicion->temporalesExtra)
-                ejecutar(QStringLiteral("DELETE FROM \"%1\"").arg(extra));
+            TablasTemporales::vaciar(*m_definicion);
             guardarDatosTemporal();
             t.confirmar();
             enTransaccion = false;

@@ -207,7 +207,15 @@ bool frmConfiguracion::cargar()
                 ui->txt_UbicacionAgenciaTributaria->setText(c.texto(QStringLiteral("AgenciaTributaria")));
             }
         }
-        ui->txt_RutaBD->setText(leerAjuste(QStringLiteral("BD"), QStringLiteral("ruta")));
+        // Con el servidor no hay carpeta que enseñar ni que cambiar: se dice qué servidor es.
+        const bool enServidor = BaseDatos::motorElegido() == BaseDatos::Motor::PostgreSQL;
+        ui->txt_RutaBD->setText(enServidor ? BaseDatos::servidorElegido().textoVisible()
+                                           : leerAjuste(QStringLiteral("BD"), QStringLiteral("ruta")));
+        ui->txt_RutaBD->setToolTip(enServidor ? QStringLiteral("El servidor de la base de datos se elige en la sección [BD] de inicio.ini")
+                                              : QString());
+        ui->cmd_Cambiar->setEnabled(!enServidor);
+        if (enServidor)
+            ui->txt_RutaBD->setCursorPosition(0);  // que se lea desde "Servidor PostgreSQL"
         ui->txt_RutaExcel->setText(leerAjuste(QStringLiteral("EXPORTACION"), QStringLiteral("rutaExcel")));
         ui->txt_RutaPdf->setText(leerAjuste(QStringLiteral("EXPORTACION"), QStringLiteral("rutaPdf")));
         CargarCostesDeReferencia();
@@ -484,7 +492,8 @@ void frmConfiguracion::cmd_Guardar_Click()
             insertar(QStringLiteral("Config"), campos);
             t.confirmar();
         }
-        escribirAjuste(QStringLiteral("BD"), QStringLiteral("ruta"), ui->txt_RutaBD->text());
+        if (BaseDatos::motorElegido() == BaseDatos::Motor::SQLite)
+            escribirAjuste(QStringLiteral("BD"), QStringLiteral("ruta"), ui->txt_RutaBD->text());
         tomarCopia();
         Mensajes::informacion(QStringLiteral("La configuración se ha guardado correctamente"));
     });

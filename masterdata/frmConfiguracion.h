@@ -18,7 +18,7 @@ class frmConfiguracion;
 
 // Configuración del estudio: la fila única de Config (arquitectos, sociedad, domicilio,
 // módulo, IVA, IRPF, Agencia Tributaria), las carpetas de inicio.ini y los costes de referencia.
-// Pestañas: 0 estudio, 1 "Parámetros", 2 carpetas, 3 costes de referencia.
+// Pestañas: 0 estudio, 1 "Parámetros" (con las carpetas), 2 costes de referencia.
 class frmConfiguracion : public PantallaEdicion {
     Q_OBJECT
 public:

@@ -5,6 +5,7 @@
 #include "core/Guardia.h"
 #include "core/Mensajes.h"
 #include "reports/TablaImpresos.h"
+#include "reports/TablasTemporales.h"
 #include "reports/frmVisorCrystal.h"
 #include "reports/modInformes.h"
 
@@ -69,13 +70,11 @@ bool mostrarImpresoEnBlanco(const DefinicionImpreso& d, const VarianteImpreso& v
         {
             Transaccion t;
             enTransaccion = true;
-            ejecutar(QStringLiteral("DELETE FROM \"%1\"").arg(d.tablaTemporal));
+            TablasTemporales::vaciar(d);
             // Listas del comunicado: dos filas en blanco en cada una, las líneas vacías del impreso.
-            for (const QString& extra : d.temporalesExtra) {
-                ejecutar(QStringLiteral("DELETE FROM \"%1\"").arg(extra));
+            for (const QString& extra : d.temporalesExtra)
                 for (int i = 0; i < 2; ++i)
-                    insertar(extra, {{columnaListaBlanco(extra), QStringLiteral("")}});
-            }
+                    TablasTemporales::insertar(extra, {{columnaListaBlanco(extra), QStringLiteral("")}});
             t.confirmar();
             enTransaccion = false;
         }

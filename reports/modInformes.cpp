@@ -3,6 +3,7 @@
 #include "core/BaseDatos.h"
 #include "core/Guardia.h"
 #include "reports/TablaImpresos.h"
+#include "reports/TablasTemporales.h"
 
 #include <QFile>
 #include <QRegularExpression>
@@ -215,17 +216,20 @@ bool iniciarInforme_ListadoClientes()
 QString sentenciaImpreso(const QString& codigo)
 {
     const QString tabla = TablaImpresos::origenInforme(codigo).tabla;
-    return tabla.isEmpty() ? QString() : QStringLiteral("SELECT * FROM ") + tabla;
+    return tabla.isEmpty() ? QString() : TablasTemporales::seleccion(tabla);
 }
 
 QStringList subinformesImpreso(const QString& codigo)
 {
     const TablaImpresos::OrigenInforme o = TablaImpresos::origenInforme(codigo);
     QStringList l;
-    for (const QString& tabla : o.subinformes)
-        l << QStringLiteral("SELECT * FROM ") + tabla
-                 + (o.enlace.isEmpty() ? QString()
-                                       : QStringLiteral(" WHERE %1 IN (SELECT %1 FROM %2)").arg(o.enlace, o.tabla));
+    for (const QString& tabla : o.subinformes) {
+        if (TablasTemporales::esTemporal(tabla))
+            l << TablasTemporales::seleccion(tabla);
+        else  // las líneas de la factura: las del impreso de este puesto
+            l << QStringLiteral("SELECT * FROM %1 WHERE %2 IN (SELECT %2 FROM %3%4) ORDER BY rowid")
+                     .arg(tabla, o.enlace, o.tabla, TablasTemporales::condicion());
+    }
     return l;
 }
 
@@ -236,10 +240,11 @@ bool iniciarInforme_Impreso(const QString& codigo)
         const QString sql = sentenciaImpreso(codigo);
         if (sql.isEmpty())
             lanzarError(-1, QStringLiteral("Código de impreso desconocido: ") + codigo);
-        Informe->asignarDatos(ConjuntoFilas::leer(ConexionInforme(), sql));
+        const QVariantList puesto = {TablasTemporales::puesto()};
+        Informe->asignarDatos(ConjuntoFilas::leer(ConexionInforme(), sql, puesto));
         const QStringList subs = subinformesImpreso(codigo);
         for (int i = 0; i < subs.size(); ++i)
-            Informe->asignarDatosSubinforme(QStringLiteral("Subreport%1").arg(i + 1), ConjuntoFilas::leer(ConexionInforme(), subs[i]));
+            Informe->asignarDatosSubinforme(QStringLiteral("Subreport%1").arg(i + 1), ConjuntoFilas::leer(ConexionInforme(), subs[i], puesto));
         ponerDatosEstudio();
     }, Mostrar::No);
 }

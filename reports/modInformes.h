@@ -70,7 +70,8 @@ void cerrar();
 // Escribe el informe en curso en PDF, sin preguntar (la exportación de las búsquedas).
 bool exportarPDF(const QString& ruta);
 
-// Sentencias de cada operación, a la vista de las pruebas.
+// Sentencias de cada operación, a la vista de las pruebas. Las de los impresos llevan un ? con el
+// puesto (TablasTemporales::puesto()): cada puesto lee sólo sus filas.
 QString sentenciaImpreso(const QString& codigo);
 QStringList subinformesImpreso(const QString& codigo);  // sentencias de Subreport1, 2, 3
 

@@ -5,10 +5,11 @@
 -- claves "mayor más uno" INTEGER PRIMARY KEY (las calcula el programa);
 -- sí/no INTEGER 0/1; fechas TEXT 'AAAA-MM-DD'; importes y coeficientes REAL; textos TEXT.
 -- Las tablas temporales de los impresos guardan lo que se imprime: sus fechas e
--- importes son texto tal como se escribieron o formatearon.
+-- importes son texto tal como se escribieron o formatearon. Cada fila lleva en Puesto la
+-- marca del puesto que la escribió: cada puesto imprime sólo las suyas.
 -- Sin claves ajenas ni cotejos de columna: el cotejo español lo registra cada conexión.
 
-PRAGMA user_version = 1;
+PRAGMA user_version = 2;
 
 BEGIN TRANSACTION;
 
@@ -304,7 +305,8 @@ CREATE TABLE A1B2 (
     LUGAR_A1 TEXT,
     FECHA_A1 TEXT,
     LUGAR_B2 TEXT,
-    FECHA_B2 TEXT
+    FECHA_B2 TEXT,
+    Puesto TEXT
 );
 
 -- ===========================================================================
@@ -484,7 +486,8 @@ CREATE TABLE A2 (
     TXTDOC26 TEXT,
     TXTDOC27 TEXT,
     TXTDOC28 TEXT,
-    TXTDOC30 TEXT
+    TXTDOC30 TEXT,
+    Puesto TEXT
 );
 
 -- ===========================================================================
@@ -606,7 +609,8 @@ CREATE TABLE A3 (
     SUP TEXT,
     CREF TEXT,
     PEM TEXT,
-    COSTE_TOTAL TEXT
+    COSTE_TOTAL TEXT,
+    Puesto TEXT
 );
 
 -- ===========================================================================
@@ -691,7 +695,8 @@ CREATE TABLE A4 (
     LUGARVIS TEXT,
     FECHAVIS TEXT,
     LUGAR TEXT,
-    FECHA TEXT
+    FECHA TEXT,
+    Puesto TEXT
 );
 
 CREATE TABLE A5 (
@@ -719,7 +724,8 @@ CREATE TABLE A5 (
     PROY6 TEXT,
     OBS TEXT,
     LUGAR TEXT,
-    FECHA TEXT
+    FECHA TEXT,
+    Puesto TEXT
 );
 
 -- ===========================================================================
@@ -784,7 +790,8 @@ CREATE TABLE COORDINADOR_SEGURIDAD_Y_SALUD (
     LUGARVIS TEXT,
     FECHAVIS TEXT,
     LUGAR TEXT,
-    FECHA TEXT
+    FECHA TEXT,
+    Puesto TEXT
 );
 
 -- ===========================================================================
@@ -855,7 +862,8 @@ CREATE TABLE B1B3B4 (
     TXTABON TEXT,
     LUGAR TEXT,
     FECHA TEXT,
-    Id_Factura INTEGER
+    Id_Factura INTEGER,
+    Puesto TEXT
 );
 
 -- ===========================================================================
@@ -922,7 +930,8 @@ CREATE TABLE B4 (
     Retencion TEXT,
     ImporteIntegro TEXT,
     LUGAR TEXT,
-    FECHA TEXT
+    FECHA TEXT,
+    Puesto TEXT
 );
 
 -- ===========================================================================
@@ -947,7 +956,8 @@ CREATE TABLE CERTIFICADO (
     Direccion TEXT,
     Texto TEXT,
     Lugar TEXT,
-    Fecha TEXT
+    Fecha TEXT,
+    Puesto TEXT
 );
 
 -- ===========================================================================
@@ -987,7 +997,8 @@ CREATE TABLE FinObra (
     LUGAR2 TEXT,
     FFIN TEXT,
     FECHALICENCIA TEXT,
-    FECHA TEXT
+    FECHA TEXT,
+    Puesto TEXT
 );
 
 -- ===========================================================================
@@ -1050,7 +1061,8 @@ CREATE TABLE COMUNICADO_DIRECCION_Y_COORDINADOR (
     PRYMUN TEXT,
     PRYPRO TEXT,
     LUGAR TEXT,
-    FECHA TEXT
+    FECHA TEXT,
+    Puesto TEXT
 );
 
 CREATE TABLE DirectoresObra_Tmp (
@@ -1061,7 +1073,8 @@ CREATE TABLE DirectoresObra_Tmp (
     DIROBRAMAIL TEXT,
     DIROBRAMUN TEXT,
     DIROBRAPRO TEXT,
-    DIROBRACP TEXT
+    DIROBRACP TEXT,
+    Puesto TEXT
 );
 
 CREATE TABLE DirectoresDeEjecucion_Tmp (
@@ -1072,7 +1085,8 @@ CREATE TABLE DirectoresDeEjecucion_Tmp (
     DIREJECMAIL TEXT,
     DIREJECMUN TEXT,
     DIREJECPRO TEXT,
-    DIREJECCP TEXT
+    DIREJECCP TEXT,
+    Puesto TEXT
 );
 
 CREATE TABLE CoordinadoresSS_Tmp (
@@ -1083,7 +1097,8 @@ CREATE TABLE CoordinadoresSS_Tmp (
     COORSSMAIL TEXT,
     COORSSMUN TEXT,
     COORSSPRO TEXT,
-    COORSSCP TEXT
+    COORSSCP TEXT,
+    Puesto TEXT
 );
 
 -- ===========================================================================

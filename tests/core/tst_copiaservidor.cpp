@@ -144,7 +144,6 @@ private slots:
                 return;
             try {
                 QSqlDatabase db = BaseDatos::abrirOtraConexion(QStringLiteral("otro_puesto"), BaseDatos::Acceso::LecturaEscritura);
-                ejecutar(db, QStringLiteral("SET lock_timeout = '2s'"));
                 ejecutar(db, QStringLiteral("INSERT INTO Clientes (Codigo_Cli, Nombre_Cli) VALUES (40000, 'Durante la copia')"));
                 ejecutar(db, QStringLiteral("DELETE FROM Clientes WHERE Codigo_Cli IN (1, 30000)"));
                 ejecutar(db, QStringLiteral("INSERT INTO Proyectos_A (Trabajo) VALUES ('Durante la copia')"));

@@ -15,6 +15,7 @@
 #include <QtTest>
 
 #include <cstdio>
+#include <functional>
 #include <memory>
 #include <optional>
 
@@ -297,6 +298,83 @@ private slots:
         QVERIFY2(e.cuadros[0].texto.contains(QStringLiteral("Descripción: ") + mensaje), qPrintable(e.cuadros[0].texto));
         QCOMPARE(e.entradasLog(), 1);
         QVERIFY(!BaseDatos::estaAbierta());
+    }
+
+    // El esquema que se entrega para psql se carga tal cual, con ON_ERROR_STOP, en una base nueva
+    // de un rol sin privilegios de administrador (el dueño de la base, como lo monta un estudio), y
+    // ese rol trabaja luego con el programa: orden, búsquedas y contadores en español.
+    void esquemaParaPsqlConUnRolCorriente()
+    {
+        const QString sinServidor = ServidorPrueba::motivoSinServidor();
+        if (!sinServidor.isEmpty())
+            QSKIP(qPrintable(sinServidor));
+        const QString servidor = qEnvironmentVariable("PLANORUM_PG_SERVIDOR"), puerto = qEnvironmentVariable("PLANORUM_PG_PUERTO");
+        const QString sufijo = QString::number(QCoreApplication::applicationPid());
+        const QString rol = QStringLiteral("estudio_") + sufijo, base = QStringLiteral("estudio_") + sufijo;
+        const auto psql = [&](const QString& usuario, const QString& enBase, const QStringList& argumentos, const QByteArray& entrada = {}) {
+            QProcess p;
+            p.start(QStringLiteral("psql"), QStringList{QStringLiteral("-X"), QStringLiteral("-q"), QStringLiteral("-v"), QStringLiteral("ON_ERROR_STOP=1"),
+                                                        QStringLiteral("-h"), servidor, QStringLiteral("-p"), puerto, QStringLiteral("-U"), usuario,
+                                                        QStringLiteral("-d"), enBase}
+                                                << argumentos);
+            p.write(entrada);
+            p.closeWriteChannel();
+            p.waitForFinished(-1);
+            return p.exitStatus() == QProcess::NormalExit && p.exitCode() == 0 ? QString() : QString::fromUtf8(p.readAllStandardError());
+        };
+        const QString admin = qEnvironmentVariable("PLANORUM_PG_USUARIO"), adminBase = qEnvironmentVariable("PLANORUM_PG_BASE");
+        QCOMPARE(psql(admin, adminBase, {QStringLiteral("-c"), QStringLiteral("CREATE ROLE %1 LOGIN").arg(rol),
+                                         QStringLiteral("-c"), QStringLiteral("CREATE DATABASE %1 OWNER %2 ENCODING 'UTF8' TEMPLATE template0").arg(base, rol)}),
+                 QString());
+        struct Borrar {
+            std::function<void()> f;
+            ~Borrar() { f(); }
+        } borrar{[&] {
+            BaseDatos::cerrar();
+            psql(admin, adminBase, {QStringLiteral("-c"), QStringLiteral("DROP DATABASE IF EXISTS %1 WITH (FORCE)").arg(base),
+                                    QStringLiteral("-c"), QStringLiteral("DROP ROLE IF EXISTS %1").arg(rol)});
+        }};
+        QCOMPARE(psql(rol, base, {QStringLiteral("-f"), QStringLiteral("-")}, EsquemaServidor::sql().toUtf8()), QString());
+
+        EntornoPrueba e;
+        e.escribirIni(QStringLiteral("[BD]\r\nmotor=postgresql\r\nservidor=%1\r\npuerto=%2\r\nbase=%3\r\nusuario=%4\r\n")
+                          .arg(servidor, puerto, base, rol));
+        e.conectar();
+        UsoConexion uso;
+        QCOMPARE(escalar(QStringLiteral("SELECT count(*) FROM PROVINCIAS")).toInt() > 50, true);
+        const qint64 uno = insertarConContador(QStringLiteral("Proyectos_A"), {{QStringLiteral("Trabajo"), QStringLiteral("Vivienda en Begoña")}},
+                                               QStringLiteral("PryCod"));
+        const qint64 dos = insertarConContador(QStringLiteral("Proyectos_A"), {{QStringLiteral("Trabajo"), QStringLiteral("Nave en Soria")}},
+                                               QStringLiteral("PryCod"));
+        QCOMPARE(dos, uno + 1);
+        QCOMPARE(columna(QStringLiteral("SELECT Trabajo FROM Proyectos_A WHERE Trabajo LIKE ? ORDER BY Trabajo COLLATE ES"), {QStringLiteral("%BEGONA%")}),
+                 QStringList{QStringLiteral("Vivienda en Begoña")});
+    }
+
+    // Lo que ven las pantallas del servidor elegido: sólo lo que dice inicio.ini, y el servicio
+    // de libpq en vez de servidor y base.
+    void servidorComoLoVeElUsuario_data()
+    {
+        QTest::addColumn<QString>("bd");
+        QTest::addColumn<QString>("texto");
+        QTest::newRow("completo") << QStringLiteral("servidor=oficina\r\npuerto=5433\r\nbase=estudio\r\nusuario=ana\r\n")
+                                  << QStringLiteral("Servidor PostgreSQL: base estudio en oficina:5433 (usuario ana)");
+        QTest::newRow("sin servidor ni puerto") << QStringLiteral("base=estudio\r\n")
+                                                << QStringLiteral("Servidor PostgreSQL: base estudio en localhost");
+        QTest::newRow("sin base") << QStringLiteral("servidor= 10.0.0.5 \r\nusuario=ana\r\n")
+                                  << QStringLiteral("Servidor PostgreSQL: en 10.0.0.5 (usuario ana)");
+        QTest::newRow("servicio") << QStringLiteral("servicio=planorum\r\nservidor=oficina\r\nbase=estudio\r\n")
+                                  << QStringLiteral("Servidor PostgreSQL: servicio planorum");
+    }
+    void servidorComoLoVeElUsuario()
+    {
+        QFETCH(QString, bd);
+        QFETCH(QString, texto);
+        EntornoPrueba e;
+        e.escribirIni(QStringLiteral("[BD]\r\nmotor=postgresql\r\n") + bd);
+        BaseDatos::construirCadenaConexion();
+        QCOMPARE(BaseDatos::motorElegido(), BaseDatos::Motor::PostgreSQL);
+        QCOMPARE(BaseDatos::servidorElegido().textoVisible(), texto);
     }
 
     void sinMotorEsElFichero()

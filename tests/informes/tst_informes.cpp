@@ -2,6 +2,7 @@
 #include "core/BaseDatos.h"
 #include "reports/CodigoDetalle.h"
 #include "reports/TablaImpresos.h"
+#include "reports/TablasTemporales.h"
 #include "reports/modInformes.h"
 #include "tests/comun/EntornoPrueba.h"
 
@@ -199,7 +200,7 @@ private slots:
                 if (!QFile::exists(ruta))
                     continue;  // impreso aún sin diseño
                 QCOMPARE(leerDiseno(ruta)->datos, TablaImpresos::origenInforme(v.codigo).tabla);
-                QCOMPARE(sentenciaImpreso(v.codigo), QStringLiteral("SELECT * FROM ") + leerDiseno(ruta)->datos);
+                QVERIFY(sentenciaImpreso(v.codigo).startsWith(QStringLiteral("SELECT * FROM ") + leerDiseno(ruta)->datos + QLatin1Char(' ')));
             }
     }
 
@@ -346,11 +347,12 @@ private slots:
     void impresoEnBlanco()
     {
         for (const char* t : {"COMUNICADO_DIRECCION_Y_COORDINADOR", "DirectoresObra_Tmp", "DirectoresDeEjecucion_Tmp", "CoordinadoresSS_Tmp"}) {
-            asegurarTabla(t, {"PRYDOM", "DIROBRANOM", "DIREJECNOM", "COORSSNOM", "MARCA"});
+            asegurarTabla(t, {"PRYDOM", "DIROBRANOM", "DIREJECNOM", "COORSSNOM", "MARCA", "Puesto"});
             ejecutar(bd(), QStringLiteral("DELETE FROM ") + t);
         }
         for (int i = 0; i < 2; ++i)
-            insertar("DirectoresObra_Tmp", {"DIROBRANOM"}, {" "});
+            insertar("DirectoresObra_Tmp", {"DIROBRANOM", "Puesto"}, {" ", TablasTemporales::puesto()});
+        insertar("DirectoresObra_Tmp", {"DIROBRANOM", "Puesto"}, {"De otro puesto", "otro"});  // no sale
         const QByteArray xml = R"(<informe nombre="crImpresoPrueba" tipo="impreso" tamano="9">
   <detalle alto="270">
     <codigo funcion="unirTres" campos="PRYDOM,CLIMUN,CLIPRO" objeto="txtLugar"/>

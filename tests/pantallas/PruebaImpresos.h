@@ -8,6 +8,7 @@
 #include "reports/modInformes.h"
 #include "search/frmBuscarSeleccionar.h"
 #include "tests/comun/EntornoPrueba.h"
+#include "tests/comun/ServidorPrueba.h"
 #include "tests/pantallas/PruebaPantallas.h"
 
 #include <QAction>
@@ -21,16 +22,24 @@ using Mensajes::Respuesta;
 
 namespace impresos {
 
+// Una fila leída: sus columnas por nombre sin mirar mayúsculas, que el servidor las da en
+// minúsculas y el fichero como están en el esquema.
+class Fila : public QVariantMap {
+public:
+    QVariant value(const QString& columna) const { return QVariantMap::value(columna.toLower()); }
+    QVariant operator[](const QString& columna) const { return value(columna); }
+};
+
 // Filas de una sentencia, cada una con sus columnas por nombre.
-inline QList<QVariantMap> filas(const QString& q, const QVariantList& valores = {})
+inline QList<Fila> filas(const QString& q, const QVariantList& valores = {})
 {
     UsoConexion uso;
-    QList<QVariantMap> r;
+    QList<Fila> r;
     for (Consulta c(q, valores); c.siguiente();) {
         const QSqlRecord rec = c.query().record();
-        r << QVariantMap();
+        r << Fila();
         for (int i = 0; i < rec.count(); ++i)
-            r.last().insert(rec.fieldName(i), c.valor(i));
+            r.last().insert(rec.fieldName(i).toLower(), c.valor(i));
     }
     return r;
 }
@@ -42,7 +51,7 @@ inline void sql(const QString& q, const QVariantList& valores = {})
 }
 
 // Una columna de una fila leída, como texto.
-inline QString t(const QVariantMap& m, const char* columna) { return m.value(QString::fromLatin1(columna)).toString(); }
+inline QString t(const Fila& m, const char* columna) { return m.value(QString::fromLatin1(columna)).toString(); }
 
 // El control de ese nombre; si no está, la prueba no puede seguir.
 template <class T = QLineEdit>
@@ -137,6 +146,7 @@ class PruebaImpresos : public QObject {
 
 protected:
     std::unique_ptr<EntornoPrueba> m_e;
+    std::optional<ServidorPrueba> m_servidor;  // con PLANORUM_PRUEBAS_MOTOR=postgresql
 
     // Los datos de partida de cada caso, con la base de datos ya conectada.
     virtual void poblar() = 0;
@@ -148,7 +158,8 @@ private slots:
 
     void init()
     {
-        (m_e = std::make_unique<EntornoPrueba>())->conectar();
+        m_e = std::make_unique<EntornoPrueba>();
+        ServidorPrueba::conectarAlPedido(*m_e, m_servidor);
         poblar();
     }
 
@@ -157,5 +168,6 @@ private slots:
         terminarCaso();
         cerrarPantallas();
         m_e.reset();
+        m_servidor.reset();
     }
 };

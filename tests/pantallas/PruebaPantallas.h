@@ -11,9 +11,11 @@
 #include <QApplication>
 #include <QMdiSubWindow>
 #include <QPointer>
+#include <QTimer>
 #include <QtTest>
 
 #include <cstdio>
+#include <functional>
 
 // Lo que devuelve una prueba repetida contra el servidor cuando no lo hay (SKIP_RETURN_CODE).
 constexpr int PRUEBA_SALTADA = 77;
@@ -31,6 +33,25 @@ inline void cerrarPantallas()
     procesarEventos();
     modInformes::cerrar();
 }
+
+// Un diálogo modal se contesta en cuanto aparece: mientras vive el vigía, la primera vez que se
+// ve una ventana con ese nombre se le pasa a `contestar`.
+class VigiaDialogo : public QTimer {
+public:
+    VigiaDialogo(const QString& nombre, std::function<void(QWidget*)> contestar)
+    {
+        setInterval(10);
+        connect(this, &QTimer::timeout, this, [this, nombre, contestar] {
+            for (QWidget* w : QApplication::topLevelWidgets())
+                if (w->objectName() == nombre && w->isVisible()) {
+                    stop();
+                    contestar(w);
+                    return;
+                }
+        });
+        start();
+    }
+};
 
 #define PRUEBA_PANTALLAS(Clase)                      \
     int main(int argc, char* argv[])                 \

@@ -200,16 +200,8 @@ private slots:
         e.escribirIni(QStringLiteral("[Opciones]\r\ninicio=0\r\n"));
         e.carpetas << (eleccion == 0 ? e.carpetaDatos() : eleccion == 1 ? e.directorio() + QStringLiteral("/Logs") : QString());
         // El asistente es modal: se pulsa "Continuar" en cuanto aparece.
-        QTimer vigia;
-        vigia.setInterval(10);
-        connect(&vigia, &QTimer::timeout, [&vigia] {
-            for (QWidget* w : QApplication::topLevelWidgets())
-                if (w->objectName() == QLatin1String("frmAyudaSeleccionBD") && w->isVisible()) {
-                    vigia.stop();
-                    w->findChild<QPushButton*>(QStringLiteral("cmd_Continuar"))->click();
-                }
-        });
-        vigia.start();
+        VigiaDialogo vigia(QStringLiteral("frmAyudaSeleccionBD"),
+                           [](QWidget* w) { w->findChild<QPushButton*>(QStringLiteral("cmd_Continuar"))->click(); });
         frmInicio* ini = arrancar();
         QCOMPARE(e.titulosCarpeta, QStringList{tituloCambiarRuta(1)});
         if (eleccion == 0) {

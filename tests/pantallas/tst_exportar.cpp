@@ -2,6 +2,7 @@
 #include "core/Fechas.h"
 #include "core/modFunciones.h"
 #include "masterdata/frmConfiguracion.h"
+#include "reports/TablasTemporales.h"
 #include "reports/frmVisorCrystal.h"
 #include "reports/VisorPaginas.h"
 #include "search/AbrirBusqueda.h"
@@ -281,7 +282,7 @@ private slots:
         e.conectar();
         {
             UsoConexion uso;
-            ejecutar(QStringLiteral("INSERT INTO A1B2 (PRYNOM) VALUES ('de la vista anterior')"));
+            TablasTemporales::insertar(QStringLiteral("A1B2"), {{QStringLiteral("PRYNOM"), QStringLiteral("de la vista anterior")}});
         }
         abrirBusqueda(QStringLiteral("DATOSA1B2"), QStringLiteral("A1"), QStringLiteral("Impresos"));
         frmBuscar* b = Pantallas::cargada<frmBuscar>();

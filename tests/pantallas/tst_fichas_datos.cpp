@@ -18,26 +18,43 @@ namespace {
 
 using Pares = QList<QPair<QString, QString>>;
 
-// Otro proceso (la orden sqlite3) que toma la base de datos con BEGIN IMMEDIATE, escribe una fila
-// y la retiene los segundos pedidos. Vuelve cuando el cerrojo ya está tomado.
-void retenerBaseDatos(QProcess& p, const QString& fichero, int segundos)
+// Otro puesto, en otro proceso, que toma la base de datos, escribe una fila y la retiene los
+// segundos pedidos: en el fichero la orden sqlite3 con BEGIN IMMEDIATE; en el servidor psql con
+// las tablas que tocan las fichas cerradas a la escritura. Vuelve cuando el cerrojo ya está tomado.
+QString ordenOtroPuesto(const Entorno& e) { return e.servidor ? QStringLiteral("psql") : QStringLiteral("sqlite3"); }
+
+void retenerBaseDatos(QProcess& p, const Entorno& e, int segundos)
 {
-    p.start(QStringLiteral("sqlite3"), {fichero});
-    QVERIFY(p.waitForStarted());
-    p.write(QStringLiteral(".timeout 5000\nBEGIN IMMEDIATE;\nINSERT INTO Costes (CODIGO, TIPO) VALUES ('OTRO', 'del otro puesto');\n"
-                           ".shell sleep %1\nCOMMIT;\n").arg(segundos).toUtf8());
-    QVERIFY(p.waitForBytesWritten(3000));
+    const bool servidor = e.servidor.has_value();
+    const QString orden = ordenOtroPuesto(e);
+    const QString escribir = QStringLiteral("INSERT INTO Costes (CODIGO, TIPO) VALUES ('OTRO', 'del otro puesto');\n");
+    if (servidor) {
+        const BaseDatos::DatosServidor& d = e.servidor->datos();
+        p.start(orden, {QStringLiteral("-q"), QStringLiteral("-h"), d.servidor, QStringLiteral("-p"), d.puerto, QStringLiteral("-U"), d.usuario,
+                        QStringLiteral("-d"), d.base, QStringLiteral("-v"), QStringLiteral("ON_ERROR_STOP=1")});
+        p.write((QStringLiteral("BEGIN;\nLOCK TABLE clientes, representantes, otros, arquitectos_proyecto, costes IN EXCLUSIVE MODE;\n")
+                 + escribir + QStringLiteral("SELECT pg_sleep(%1);\nCOMMIT;\n").arg(segundos))
+                    .toUtf8());
+    } else {
+        p.start(orden, {e.ficheroBD()});
+        p.write((QStringLiteral(".timeout 5000\nBEGIN IMMEDIATE;\n") + escribir + QStringLiteral(".shell sleep %1\nCOMMIT;\n").arg(segundos)).toUtf8());
+    }
+    QVERIFY(p.waitForStarted() && p.waitForBytesWritten(3000));
     p.closeWriteChannel();
-    // Sonda sin espera: cuando no puede tomar el cerrojo, el otro proceso ya lo tiene.
+    // Sonda sin espera: cuando no puede escribir, el otro proceso ya tiene el cerrojo.
     bool tomado = false;
     {
-        QSqlDatabase sonda = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), QStringLiteral("sonda"));
-        sonda.setDatabaseName(fichero);
-        sonda.setConnectOptions(QStringLiteral("QSQLITE_BUSY_TIMEOUT=0"));
-        QVERIFY(sonda.open());
+        QSqlDatabase sonda = servidor ? BaseDatos::abrirServidor(QStringLiteral("sonda"), e.servidor->datos())
+                                      : QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), QStringLiteral("sonda"));
+        if (!servidor) {
+            sonda.setDatabaseName(e.ficheroBD());
+            sonda.setConnectOptions(QStringLiteral("QSQLITE_BUSY_TIMEOUT=0"));
+            QVERIFY(sonda.open());
+        }
+        const QString tomar = servidor ? QStringLiteral("LOCK TABLE costes IN ROW EXCLUSIVE MODE NOWAIT") : QStringLiteral("SELECT 1");
         for (int i = 0; i < 100 && !tomado; ++i, QThread::msleep(30)) {
             QSqlQuery q(sonda);
-            tomado = !q.exec(QStringLiteral("BEGIN IMMEDIATE"));
+            tomado = !q.exec(servidor ? QStringLiteral("BEGIN") : QStringLiteral("BEGIN IMMEDIATE")) || !q.exec(tomar);
             q.exec(QStringLiteral("ROLLBACK"));
         }
     }
@@ -142,13 +159,13 @@ private slots:
     // Otro puesto guarda a la vez: se espera a que termine y se guardan los dos.
     void otroPuestoBreve()
     {
-        if (QStandardPaths::findExecutable(QStringLiteral("sqlite3")).isEmpty())
-            QSKIP("Falta la orden sqlite3 (paquete sqlite3), que hace de segundo puesto");
         Entorno e;
         auto* f = abrir<frmCliente>(QStringLiteral("CLIENTES"), QStringLiteral("ALTA"));
         poner(f, {{"txt_Nombre", "Ana"}, {"txt_NIF", "1"}});
         QProcess otro;
-        retenerBaseDatos(otro, e.ficheroBD(), 2);
+        if (QStandardPaths::findExecutable(ordenOtroPuesto(e)).isEmpty())
+            QSKIP(qPrintable(QStringLiteral("Falta la orden %1, que hace de segundo puesto").arg(ordenOtroPuesto(e))));
+        retenerBaseDatos(otro, e, 2);
         const qint64 inicio = QDateTime::currentMSecsSinceEpoch();
         f->cmd_Guardar_Click();
         QVERIFY(QDateTime::currentMSecsSinceEpoch() - inicio >= 500);
@@ -162,15 +179,15 @@ private slots:
     // El otro puesto la retiene más de lo que se espera: aviso claro, registro, y nada escrito.
     void otroPuestoRetiene()
     {
-        if (QStandardPaths::findExecutable(QStringLiteral("sqlite3")).isEmpty())
-            QSKIP("Falta la orden sqlite3 (paquete sqlite3), que hace de segundo puesto");
         Entorno e;
         sql(QStringLiteral("INSERT INTO OTROS (Codigo_Cli, Categoria, esS, NumColegiado, Nombre_Cli) VALUES (1, 'ARQUITECTO', 0, 10, 'Arq')"));
         sql(QStringLiteral("INSERT INTO Arquitectos_Proyecto (PryCod, NumCol) VALUES (1, '10')"));
         auto* f = abrir<frmArquitecto>(QStringLiteral("ARQUITECTOS"), QStringLiteral("MODIFICAR"), 1);
         poner(f, QStringLiteral("txt_NumColegiado"), QStringLiteral("11"));
         QProcess otro;
-        retenerBaseDatos(otro, e.ficheroBD(), 8);
+        if (QStandardPaths::findExecutable(ordenOtroPuesto(e)).isEmpty())
+            QSKIP(qPrintable(QStringLiteral("Falta la orden %1, que hace de segundo puesto").arg(ordenOtroPuesto(e))));
+        retenerBaseDatos(otro, e, 8);
         f->cmd_Guardar_Click();
         QVERIFY(e.cuadros.size() == 1 && e.cuadros[0].texto.contains(
                      QStringLiteral("La base de datos está siendo utilizada por otro puesto y no se han podido guardar los datos.")));
@@ -207,9 +224,16 @@ private slots:
         QCOMPARE(e.textos(), QStringList{caso[5]});
         if (!caso[6].isEmpty())
             QCOMPARE(f->focusWidget(), control(f, caso[6]));
-        QCOMPARE(valor(QStringLiteral("SELECT group_concat(CODIGO || '/' || TIPO || '/' || COALESCE(DESCRIPCION, '') || '/' || CT || '/' || CC, '|') "
-                                      "FROM Costes")).toString(),
-                 QStringLiteral("K1.2/viejo//2.0/3.0") + (caso[5].endsWith(QLatin1String("correctamente")) ? "|C1/Vivienda/Unifamiliar/1.25/0.9" : ""));
+        QStringList costes;
+        {
+            UsoConexion uso;
+            for (Consulta c(QStringLiteral("SELECT * FROM Costes ORDER BY rowid")); c.siguiente();)
+                costes << QStringList{c.texto(QStringLiteral("CODIGO")), c.texto(QStringLiteral("TIPO")), c.texto(QStringLiteral("DESCRIPCION")),
+                                      QString::number(c.valor(QStringLiteral("CT")).toDouble()),
+                                      QString::number(c.valor(QStringLiteral("CC")).toDouble())}.join(QLatin1Char('/'));
+        }
+        QCOMPARE(costes.join(QLatin1Char('|')),
+                 QStringLiteral("K1.2/viejo//2/3") + (caso[5].endsWith(QLatin1String("correctamente")) ? "|C1/Vivienda/Unifamiliar/1.25/0.9" : ""));
     }
 
     // Modificar: la carga con coma decimal y lo guardado.

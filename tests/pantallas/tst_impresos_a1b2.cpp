@@ -1,6 +1,7 @@
 // Impresos A1 y B2 por su pantalla: hojas de arquitectos, bloques de cliente y sociedad,
 // histórico, pregunta al salir y vista previa.
 #include "reports/frmVisorCrystal.h"
+#include "reports/TablasTemporales.h"
 #include "search/frmBuscar.h"
 #include "tests/pantallas/PruebaImpresos.h"
 
@@ -41,7 +42,7 @@ qint64 historico(const Campos& c)
     return ultimoIdentificador();
 }
 
-QList<QVariantMap> a1b2() { return filas(QStringLiteral("SELECT * FROM A1B2 ORDER BY rowid")); }
+QList<Fila> a1b2() { return filas(QStringLiteral("SELECT * FROM A1B2 ORDER BY rowid")); }
 
 // A1 y B2 comparten su lista; el tipo dice cuál.
 Impreso impreso(const QString& tipo) { return {QStringLiteral("DATOSA1B2"), tipo}; }
@@ -254,6 +255,70 @@ private slots:
         const auto r = a1b2();
         QCOMPARE(r.size(), 1);
         QCOMPARE(t(r[0], "FECHA_B2"), "mañana");
+    }
+
+    // Dos puestos con la vista previa del mismo impreso a la vez: el puesto A confirma la suya, el
+    // B la suya antes de que el informe de A lea, y aun así cada informe tiene su proyecto; una
+    // vista previa nueva de A no toca las filas de B.
+    void dosPuestosALaVez()
+    {
+        const auto trabajo = [](int arquitectos, const char* nombre) {
+            const qint64 cod = proyecto(arquitectos);
+            sql("UPDATE Proyectos_A SET Trabajo = ? WHERE PryCod = ?", {nombre, cod});
+            return cod;
+        };
+        const qint64 codA = trabajo(1, "Casa de A"), codB = trabajo(4, "Nave de B"), otroA = trabajo(2, "Otra de A");
+        const auto vistaPrevia = [&](const QString& puesto, qint64 cod) {
+            TablasTemporales::fijarPuesto(puesto);
+            DatosImpreso* f = abrir(impreso("A1"), "ALTA");
+            elegirProyecto(f, cod);
+            imprimir(f);
+        };
+        const auto informeDe = [](const QString& puesto) {
+            TablasTemporales::fijarPuesto(puesto);
+            modInformes::Informe = modInformes::crearInforme(QStringLiteral("crImpresoA1"));
+            if (!modInformes::conectar() || !modInformes::iniciarInforme_Impreso(QStringLiteral("A1")))
+                return QStringList{QStringLiteral("sin informe")};
+            QStringList l;
+            const ConjuntoFilas& d = modInformes::Informe->datos();
+            for (int i = 0; i < d.numero(); ++i)
+                l << d.valor(i, QStringLiteral("PRYNOM")).toString() + QLatin1Char('/') + d.valor(i, QStringLiteral("ARQ1NOM")).toString();
+            return l;
+        };
+        vistaPrevia("puesto A", codA);
+        vistaPrevia("puesto B", codB);
+        QCOMPARE(informeDe("puesto A"), QStringList{"Casa de A/Arq1 Apellido1"});
+        QCOMPARE(informeDe("puesto B"), (QStringList{"Nave de B/Arq1 Apellido1", "Nave de B/Arq4 Apellido4"}));
+        vistaPrevia("puesto A", otroA);
+        QCOMPARE(informeDe("puesto B"), (QStringList{"Nave de B/Arq1 Apellido1", "Nave de B/Arq4 Apellido4"}));
+        QCOMPARE(informeDe("puesto A"), QStringList{"Otra de A/Arq1 Apellido1"});
+        QCOMPARE(a1b2().size(), 3);  // la hoja de A y las dos de B
+        TablasTemporales::fijarPuesto({});
+        QCOMPARE(m_e->textos(), QStringList());
+    }
+
+    // Una base de datos de antes de la marca del puesto (una copia antigua restaurada): la primera
+    // vista previa le pone la columna a las tablas temporales y tira sus filas sin dueño.
+    void baseAnteriorAlPuesto()
+    {
+        if (ServidorPrueba::pedido())
+            QSKIP("El esquema del servidor ya nace con la marca del puesto");
+        {
+            UsoConexion uso;
+            for (const QString& tabla : TablasTemporales::todas())
+                ejecutar(QStringLiteral("ALTER TABLE \"%1\" DROP COLUMN Puesto").arg(tabla));
+            ejecutar(QStringLiteral("INSERT INTO A1B2 (PRYNOM) VALUES ('de una vista antigua')"));
+            ejecutar(QStringLiteral("PRAGMA user_version = 1"));
+        }
+        DatosImpreso* f = abrir(impreso("A1"), "ALTA");
+        elegirProyecto(f, proyecto(1));
+        imprimir(f);
+        QCOMPARE(m_e->textos(), QStringList());
+        const auto r = a1b2();
+        QCOMPARE(r.size(), 1);
+        QCOMPARE(t(r[0], "PRYNOM") + "|" + t(r[0], "Puesto"), "Vivienda unifamiliar|" + TablasTemporales::puesto());
+        QCOMPARE(modInformes::Informe->datos().numero(), 1);
+        QCOMPARE(filas("PRAGMA user_version")[0].value("user_version").toInt(), 2);
     }
 };
 

@@ -361,7 +361,7 @@ private slots:
         QVERIFY(!Pantallas::cargada<frmDatosImpreso_A3>() && Pantallas::cargada<frmVisorCrystal>());
         QCOMPARE(Pantallas::cargada<frmBuscar>()->Tabla, "DATOSA3");
 
-        const QVariantMap h = filas("SELECT * FROM datosA3")[0];
+        const Fila h = filas("SELECT * FROM datosA3")[0];
         QCOMPARE(h.value("TIPODOC").toString() + "|" + h.value("USO1").toString() + "|" + h.value("USO2").toString(), "A3|Vivienda|");
         QCOMPARE(h.value("CREF1").toDouble(), 54735.0);
         QCOMPARE(h.value("CR6").toDouble(), 1.0);
@@ -371,7 +371,7 @@ private slots:
         QCOMPARE(h.value("MODULO").toDouble(), 547.35);
         QCOMPARE(h.value("PEM").toDouble(), 60000.0);
 
-        const QVariantMap t = filas("SELECT * FROM A3")[0];
+        const Fila t = filas("SELECT * FROM A3")[0];
         QStringList obtenido;
         for (const char* c : {"PRYNOM", "PRYDOM", "CLIMUN", "CLIPRO", "CLINOM", "EXPNUM", "EXPFV", "ARQ1NOM", "LUGAR", "SUP1", "CR1",
                               "CREF6", "SUP", "CREF", "COSTE_TOTAL", "PEM", "MODULO"})
@@ -552,7 +552,7 @@ private slots:
         control(f, "txt_NombreDocumento_4")->setText("Anexo de accesibilidad");  // línea 22
         teclear(f, "txt_NumEjemplares_31", "3");
         imprimir(f);
-        const QVariantMap h = filas("SELECT * FROM datosA2")[0];
+        const Fila h = filas("SELECT * FROM datosA2")[0];
         QCOMPARE(h.value("NDOC21").toInt(), 2);
         QCOMPARE(h.value("VBDOC21").toString() + "|" + h.value("TXTDOC22").toString() + "|" + h.value("NDOC32").toString(),
                  "X|Anexo de accesibilidad|3");
@@ -560,7 +560,7 @@ private slots:
         for (int i = 1; i <= 32; ++i)
             conEjemplares += h.value(QStringLiteral("NDOC%1").arg(i, 2, 10, QLatin1Char('0'))).isNull() ? 0 : 1;
         QCOMPARE(conEjemplares, 2);
-        const QVariantMap t = filas("SELECT * FROM A2")[0];
+        const Fila t = filas("SELECT * FROM A2")[0];
         QCOMPARE(t.value("NDOC21").toString() + "|" + t.value("VBDOC21").toString() + "|" + t.value("TXTDOC22").toString(),
                  "2|X|Anexo de accesibilidad");
     }
@@ -579,7 +579,7 @@ private slots:
         control(f, "txt_Observaciones")->setText("Se entrega en soporte digital");
         imprimir(f);
         for (const QString& tabla : {QStringLiteral("datosA2"), QStringLiteral("A2")}) {
-            const QVariantMap r = filas("SELECT * FROM " + tabla)[0];
+            const Fila r = filas("SELECT * FROM " + tabla)[0];
             QVERIFY(r.value("NDOC01").isNull());
             QCOMPARE(r.value("VBDOC01").toString() + "|" + r.value("VBDOC02").toString() + "|" + r.value("TXTDOC12").toString() + "|"
                          + r.value("NDOC06").toString() + "|" + r.value("OBSDOC").toString(),

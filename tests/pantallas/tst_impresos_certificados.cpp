@@ -4,6 +4,7 @@
 #include "forms/frmDatosImpreso_Certificado.h"
 #include "forms/frmSeleccionarTipoCertificado.h"
 #include "reports/DisenoInforme.h"
+#include "reports/TablasTemporales.h"
 #include "reports/frmVisorCrystal.h"
 #include "search/AbrirBusqueda.h"
 #include "search/frmBuscar.h"
@@ -26,7 +27,7 @@ const QString AVISO_APANOM = QStringLiteral(
     "Los nombres de los arquitectos técnicos exceden del máximo número de caracteres admitidos en la base de datos.\n"
     "Los nombres de los arquitectos técnicos aparecerán cortados hasta el máximo número admitido");
 
-QStringList columnas(const QVariantMap& m, const QStringList& nombres)
+QStringList columnas(const Fila& m, const QStringList& nombres)
 {
     QStringList r;
     for (const QString& n : nombres)
@@ -526,7 +527,10 @@ private slots:
         QFETCH(int, opcion);
         QFETCH(QString, informe);
         QFETCH(QString, titulo);
-        sql(QStringLiteral("INSERT INTO FinObra (PRYNOM, ARQSNOM) VALUES ('de antes', 'Ana Ruiz')"));
+        {
+            UsoConexion uso;
+            TablasTemporales::insertar(QStringLiteral("FinObra"), {{QStringLiteral("PRYNOM"), QStringLiteral("de antes")}, {QStringLiteral("ARQSNOM"), QStringLiteral("Ana Ruiz")}});
+        }
         QVERIFY(abrirListaImpreso(QStringLiteral("mnu_CertificadoFinObra")));
         Diseno d{.opcion = opcion};
         contestarDiseno(m_relojes.get(), &d);
