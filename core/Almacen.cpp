@@ -27,27 +27,6 @@ const char* const TABLAS_DEL_PROGRAMA[] = {"config", "clientes", "representantes
 
 QString nativa(const QString& ruta) { return QDir::toNativeSeparators(ruta); }
 
-// Reparte el latido: como mucho cada 50 ms, para repintar sin frenar la operación.
-class Pulso {
-public:
-    explicit Pulso(const Latido& latido) : m_latido(latido) { m_reloj.start(); }
-    void operator()(int porcentaje)
-    {
-        if (!m_latido || m_reloj.elapsed() < 50)
-            return;
-        m_reloj.restart();
-        try {
-            m_latido(porcentaje);
-        } catch (...) {
-            // Repintar nunca detiene una operación del motor.
-        }
-    }
-
-private:
-    const Latido& m_latido;
-    QElapsedTimer m_reloj;
-};
-
 int latidoMotor(void* pulso)
 {
     (*static_cast<Pulso*>(pulso))(-1);
@@ -55,6 +34,20 @@ int latidoMotor(void* pulso)
 }
 
 }  // namespace
+
+Pulso::Pulso(const Latido& latido) : m_latido(latido) { m_reloj.start(); }
+
+void Pulso::operator()(int porcentaje)
+{
+    if (!m_latido || m_reloj.elapsed() < 50)
+        return;
+    m_reloj.restart();
+    try {
+        m_latido(porcentaje);
+    } catch (...) {
+        // Repintar nunca detiene una operación del motor.
+    }
+}
 
 // Conexión del motor sin capa de Qt: la necesitan el modo de bloqueo exclusivo, el volcado entre
 // bases de datos y el latido durante VACUUM. Se cierra al destruirse.
@@ -298,9 +291,14 @@ void compactar(const QString& ruta, const std::function<void(int)>& avance, cons
 
 void copiarBaseDatos(const QString& ficheroBD, const QString& destino, const Latido& latido)
 {
-    const QString parcial = nombreParcial(destino);
     CerrojoExclusivo cerrojo(ficheroBD);
     borrarParcialesAbandonados(destino);
+    escribirFicheroNuevo(destino, [&](sqlite3* copia) { volcar(cerrojo.conexion(), copia, latido); });
+}
+
+void escribirFicheroNuevo(const QString& destino, const std::function<void(sqlite3*)>& llenar)
+{
+    const QString parcial = nombreParcial(destino);
     try {
         {
             std::unique_ptr<Motor> copia;
@@ -312,7 +310,7 @@ void copiarBaseDatos(const QString& ficheroBD, const QString& destino, const Lat
                 throw errorDestino(e, destino);
             }
             try {
-                volcar(cerrojo.conexion(), copia->h(), latido);
+                llenar(copia->h());
             } catch (const ErrorPrograma& e) {
                 throw errorDestino(e, destino);
             }

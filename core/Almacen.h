@@ -1,6 +1,7 @@
 #pragma once
 #include "core/Error.h"
 
+#include <QElapsedTimer>
 #include <QString>
 #include <functional>
 #include <memory>
@@ -20,6 +21,18 @@ namespace Almacen {
 // Avance de una operación larga: porcentaje (0 a 100), o -1 si no se sabe. Sirve para repintar
 // la pantalla; se llama como mucho unas veinte veces por segundo.
 using Latido = std::function<void(int porcentaje)>;
+
+// Reparte el latido: como mucho cada 50 ms, para repintar sin frenar la operación. Un fallo al
+// repintar no detiene la operación.
+class Pulso {
+public:
+    explicit Pulso(const Latido& latido);
+    void operator()(int porcentaje);
+
+private:
+    const Latido& m_latido;
+    QElapsedTimer m_reloj;
+};
 
 class Motor;
 
@@ -63,6 +76,11 @@ void compactar(const QString& rutaBD, const std::function<void(int)>& avance = {
 // fichero nuevo junto al destino, que sólo al estar completo y en disco toma el nombre del destino
 // (y sustituye al que hubiera con ese nombre).
 void copiarBaseDatos(const QString& ficheroBD, const QString& destino, const Latido& latido = {});
+
+// Escribe un fichero de base de datos nuevo junto al destino: `llenar` recibe su conexión (sin
+// diario: nadie más lo ve) y el fichero sólo toma el nombre del destino al estar completo y en
+// disco. Si algo falla no queda nada, ni a medias.
+void escribirFicheroNuevo(const QString& destino, const std::function<void(sqlite3*)>& llenar);
 
 // Restauración: comprueba la copia (FicheroNoValido si no sirve, y entonces no cambia nada) y
 // escribe sus páginas en la base de datos viva a través del motor, bajo el cerrojo exclusivo.

@@ -24,16 +24,19 @@ QString recurso(const QString& nombre)
     return QString::fromUtf8(f.readAll());
 }
 
+}  // namespace
+
+QString esquemaFichero() { return recurso(QStringLiteral(":/esquema.sql")); }
+
 // Sólo las letras ASCII pasan a minúsculas, como hace el servidor con los nombres sin comillas.
-QString minusculasAscii(QString t)
+QString nombre(const QString& nombreFichero)
 {
+    QString t = nombreFichero;
     for (QChar& c : t)
         if (c >= QLatin1Char('A') && c <= QLatin1Char('Z'))
             c = QChar(c.unicode() + 32);
     return t;
 }
-
-}  // namespace
 
 QString traducir(const QString& esquemaFichero)
 {
@@ -52,7 +55,7 @@ QString traducir(const QString& esquemaFichero)
             continue;
         }
         if (linea.startsWith(QLatin1String("INSERT INTO "))) {
-            salida << QStringLiteral("INSERT INTO ") + minusculasAscii(linea.mid(12));
+            salida << QStringLiteral("INSERT INTO ") + nombre(linea.mid(12));
             enInsercion = !linea.trimmed().endsWith(QLatin1Char(';'));
             continue;
         }
@@ -70,12 +73,12 @@ QString traducir(const QString& esquemaFichero)
                        : tipo == QLatin1String("REAL")  ? QStringLiteral("double precision")
                                                         : QStringLiteral("text");
             }
-            salida << c.captured(1) + QLatin1Char('"') + minusculasAscii(c.captured(2)) + QStringLiteral("\" ") + tipo + resto;
+            salida << c.captured(1) + QLatin1Char('"') + nombre(c.captured(2)) + QStringLiteral("\" ") + tipo + resto;
             continue;
         }
         const QRegularExpressionMatch t = crear.match(linea);
         if (t.hasMatch()) {
-            salida << QStringLiteral("CREATE %1 %2%3").arg(t.captured(1), minusculasAscii(t.captured(2)), minusculasAscii(t.captured(3)));
+            salida << QStringLiteral("CREATE %1 %2%3").arg(t.captured(1), nombre(t.captured(2)), nombre(t.captured(3)));
             enTabla = t.captured(1) == QLatin1String("TABLE");
             continue;
         }
@@ -94,7 +97,7 @@ QString traducir(const QString& esquemaFichero)
 QStringList sentencias()
 {
     const QString todo = recurso(QStringLiteral(":/funciones-servidor.sql")) + QLatin1Char('\n')
-                         + traducir(recurso(QStringLiteral(":/esquema.sql")));
+                         + traducir(esquemaFichero());
     // Cada sentencia termina en ";" a final de línea (los cuerpos de las funciones caben en una).
     static const QRegularExpression fin(QStringLiteral(R"(;[ \t]*\r?\n)"));
     QStringList r;

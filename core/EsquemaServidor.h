@@ -10,6 +10,11 @@
 // oculto con ese mismo nombre, para que las mismas sentencias ordenen igual en los dos motores.
 namespace EsquemaServidor {
 
+// El esquema del fichero (resources/esquema.sql), el de una base de datos nueva del programa.
+QString esquemaFichero();
+// Un nombre de tabla o de columna del fichero como lo guarda el servidor.
+QString nombre(const QString& nombreFichero);
+
 // Traduce el esquema del fichero al dialecto del servidor.
 QString traducir(const QString& esquemaFichero);
 // El esquema completo del servidor, sentencia a sentencia: funciones españolas y tablas con las

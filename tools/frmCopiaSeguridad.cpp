@@ -1,6 +1,7 @@
 #include "tools/frmCopiaSeguridad.h"
 
 #include "core/Almacen.h"
+#include "core/CopiaServidor.h"
 #include "core/modFunciones.h"
 #include "core/Programa.h"
 #include "tools/TrabajoCopia.h"
@@ -79,11 +80,17 @@ void frmCopiaSeguridad::cmd_IniciarCopia_Click()
             ui->txt_NombreCopia->setFocus();
             return;
         }
+        // Con el servidor no hay fichero vivo: la copia lee el servidor sin detener a nadie.
+        const bool servidor = BaseDatos::motorElegido() == BaseDatos::Motor::PostgreSQL;
         const QString ruta = leerRutaBD();
-        if (ruta.isEmpty())
+        if (!servidor && ruta.isEmpty())
             return;
+        const QString mee = carpeta + nombre + QStringLiteral(".mee");
         if (!trabajarSobreLaBase(this, ui->pb_Barra, [&](const Almacen::Latido& latido) {
-                Almacen::copiarBaseDatos(ruta + BaseDatos::NOMBRE_FICHERO, carpeta + nombre + QStringLiteral(".mee"), latido);
+                if (servidor)
+                    CopiaServidor::copiar(mee, latido);
+                else
+                    Almacen::copiarBaseDatos(ruta + BaseDatos::NOMBRE_FICHERO, mee, latido);
             }))
             return;
         Almacen::sustituirFichero(Rutas::ficheroIni(), carpeta + QStringLiteral("inicio.ini.bak"));

@@ -1,6 +1,7 @@
 #include "tools/frmRestaurarCopiaSeguridad.h"
 
 #include "core/Almacen.h"
+#include "core/CopiaServidor.h"
 #include "core/modFunciones.h"
 #include "tools/TrabajoCopia.h"
 #include "tools/frmCopiaSeguridad.h"
@@ -85,17 +86,25 @@ void frmRestaurarCopiaSeguridad::cmd_RestaurarCopia_Click()
             ui->cmd_Buscar->setFocus();
             return;
         }
+        // Con el servidor no hay fichero vivo ni cerrojo del fichero: la restauración aparta a los
+        // demás puestos con los cerrojos de su propia transacción.
+        const bool servidor = BaseDatos::motorElegido() == BaseDatos::Motor::PostgreSQL;
         const QString ruta = leerRutaBD();
-        if (ruta.isEmpty())
+        if (!servidor && ruta.isEmpty())
             return;
         const int opcion = opcionElegida();
         const QString vivo = ruta + BaseDatos::NOMBRE_FICHERO;
         try {
             if (!trabajarSobreLaBase(this, ui->pb_Barra, [&](const Almacen::Latido& latido) {
-                    if (opcion == 2)
-                        Almacen::probarUsoExclusivo(vivo);
-                    else
+                    if (opcion == 2) {
+                        // Que nadie use el fichero; en el servidor no hay nada que apartar.
+                        if (!servidor)
+                            Almacen::probarUsoExclusivo(vivo);
+                    } else if (servidor) {
+                        CopiaServidor::restaurar(copia, latido);
+                    } else {
                         Almacen::restaurarBaseDatos(copia, vivo, latido);
+                    }
                 }))
                 return;
         } catch (const Almacen::FicheroNoValido& e) {

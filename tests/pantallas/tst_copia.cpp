@@ -1,8 +1,10 @@
-// Copia de seguridad y restauración desde sus pantallas, y el recordatorio al salir.
+// Copia de seguridad y restauración desde sus pantallas, y el recordatorio al salir. Se pasa
+// también contra el servidor (tst_copia_servidor).
 #include "app/Aplicacion.h"
 #include "app/frmMenu.h"
 #include "core/modFunciones.h"
 #include "core/Programa.h"
+#include "tests/comun/ContenidoBase.h"
 #include "tests/comun/EntornoPrueba.h"
 #include "tests/pantallas/PruebaPantallas.h"
 #include "tests/comun/ProcesosAlmacen.h"
@@ -17,6 +19,7 @@
 #include <QRadioButton>
 #include <QRegularExpression>
 #include <QtTest>
+#include <optional>
 #include <sys/stat.h>
 
 using Mensajes::Respuesta;
@@ -38,6 +41,25 @@ ino_t nodo(const QString& f)
     return s.st_ino;
 }
 
+// Otro puesto del servidor a mitad de un guardado: ha escrito una fila y no ha confirmado.
+class PuestoGuardando {
+public:
+    PuestoGuardando()
+    {
+        QSqlDatabase db = BaseDatos::abrirOtraConexion(NOMBRE, BaseDatos::Acceso::LecturaEscritura);
+        ejecutar(db, QStringLiteral("BEGIN"));
+        ejecutar(db, QStringLiteral("INSERT INTO Clientes (Codigo_Cli) VALUES (999999)"));
+    }
+    ~PuestoGuardando()
+    {
+        QSqlDatabase::database(NOMBRE, false).close();
+        QSqlDatabase::removeDatabase(NOMBRE);
+    }
+
+private:
+    inline static const QString NOMBRE = QStringLiteral("puesto_guardando");
+};
+
 template <typename T>
 T* hijo(QWidget* f, const char* nombre)
 {
@@ -53,6 +75,7 @@ class tst_copia : public QObject {
     Q_OBJECT
 
     std::unique_ptr<EntornoPrueba> m_e;
+    std::optional<ServidorPrueba> m_s;
     QTemporaryDir m_destino;
     EntornoPrueba& e() { return *m_e; }
     QString destino() const { return QDir::toNativeSeparators(m_destino.path()) + QDir::separator(); }
@@ -93,6 +116,7 @@ private slots:
     {
         Aplicacion::reiniciar();
         m_e = std::make_unique<EntornoPrueba>();
+        ServidorPrueba::conectarAlPedido(e(), m_s);
         for (const QString& f : ficheros(m_destino.path()))
             QFile::remove(m_destino.filePath(f));
         frmMenu::instancia();
@@ -104,6 +128,7 @@ private slots:
         for (QWidget* w : Pantallas::cargadas())
             delete w;
         procesarEventos();
+        m_s.reset();
         m_e.reset();
         Aplicacion::reiniciar();
     }
@@ -157,8 +182,9 @@ private slots:
             QCOMPARE(e().textos(), QStringList{QStringLiteral("Copia de seguridad realizada correctamente en: ") + destino()});
             QCOMPARE(e().cuadros[0].titulo, QStringLiteral("Información"));
             e().limpiarCuadros();
-            QVERIFY(huella(mee) == huella(e().ficheroBD()));
-            QCOMPARE(huella(mee).filas, vez);
+            const QStringList viva = contenidoBaseViva();
+            QCOMPARE(contenidoBase(mee), viva);
+            QCOMPARE(viva.filter(QRegularExpression(QStringLiteral("^Clientes: "))).size(), vez);
         }
         QCOMPARE(contenido(destino() + QStringLiteral("inicio.ini.bak")), contenido(e().ficheroIni()));
         QCOMPARE(ficheros(m_destino.path()), (QStringList{nombre + QStringLiteral(".mee"), QStringLiteral("inicio.ini.bak")}));
@@ -188,6 +214,8 @@ private slots:
             hijo<QLabel>(f, "lbl_RutaCopia")->clear();
         else if (caso == QLatin1String("sin nombre"))
             hijo<QLineEdit>(f, "txt_NombreCopia")->setText(QStringLiteral("   "));
+        else if (ServidorPrueba::pedido())
+            QSKIP("Con el servidor la copia no necesita la ruta de un fichero");
         else
             e().escribirIni(QStringLiteral("[Opciones]\r\ninicio=1\r\n"));
         hijo<QPushButton>(f, "cmd_IniciarCopia")->click();
@@ -214,7 +242,8 @@ private slots:
     }
 
     // Otro puesto usa la base de datos: la copia y la restauración dan el mismo aviso, que habla de
-    // restaurar, y lo anotan en silencio a nombre de la restauración.
+    // restaurar, y lo anotan en silencio a nombre de la restauración. Con el servidor sólo la
+    // restauración espera a otro puesto (unos segundos, a que termine su guardado).
     void baseEnUso_data()
     {
         QTest::addColumn<bool>("restaurar");
@@ -225,10 +254,19 @@ private slots:
     void baseEnUso()
     {
         QFETCH(bool, restaurar);
+        if (ServidorPrueba::pedido() && !restaurar)
+            QSKIP("Con el servidor la copia lee su instantánea sin detener a nadie ni detenerse");
         const QString copia = prepararCopia();
         const QByteArray antes = contenido(e().ficheroBD());
+        const QByteArray iniAntes = contenido(e().ficheroIni());
+        const QStringList vivaAntes = contenidoBaseViva();
         {
-            PuestoLeyendo otro(e().ficheroBD());
+            std::optional<PuestoLeyendo> leyendo;
+            std::optional<PuestoGuardando> guardando;
+            if (ServidorPrueba::pedido())
+                guardando.emplace();
+            else
+                leyendo.emplace(e().ficheroBD());
             if (restaurar)
                 hijo<QPushButton>(abrirRestaurar(0, copia), "cmd_RestaurarCopia")->click();
             else
@@ -240,9 +278,10 @@ private slots:
         const QString log = e().leerLog();
         QVERIFY(log.contains(QStringLiteral("Formulario: frmRestaurarCopiaSeguridad\r\nProcedimiento: cmd_RestaurarCopia_Click\r\n")));
         QVERIFY(log.contains(QStringLiteral("Número: -2147467259\r\n")));
-        QVERIFY(log.contains(QStringLiteral("[database is locked]")));
+        QVERIFY(log.contains(ServidorPrueba::pedido() ? QStringLiteral("lock timeout") : QStringLiteral("[database is locked]")));
         QCOMPARE(contenido(e().ficheroBD()), antes);
-        QCOMPARE(contenido(e().ficheroIni()), QByteArray(QStringLiteral("[BD]\r\nruta=%1\r\n[Opciones]\r\ninicio=1\r\ncopia=0\r\n").arg(e().carpetaDatos()).toUtf8()));
+        QCOMPARE(contenidoBaseViva(), vivaAntes);
+        QCOMPARE(contenido(e().ficheroIni()), iniAntes);
         QCOMPARE(ficheros(m_destino.path()), (QStringList{QStringLiteral("copia.mee"), QStringLiteral("inicio.ini.bak")}));
     }
 
@@ -301,13 +340,13 @@ private slots:
         QFETCH(bool, base);
         QFETCH(bool, ajustes);
         const QString copia = prepararCopia();
-        const Huella antes = huella(e().ficheroBD());
+        const QStringList antes = contenidoBaseViva();
         const QByteArray iniAntes = contenido(e().ficheroIni());
         const ino_t fichero = nodo(e().ficheroBD());
         hijo<QPushButton>(abrirRestaurar(opcion, copia), "cmd_RestaurarCopia")->click();
         QCOMPARE(e().textos(), QStringList{QStringLiteral("Copia de seguridad restaurada correctamente")});
         QCOMPARE(e().cuadros[0].titulo, QStringLiteral("Información"));
-        QVERIFY(huella(e().ficheroBD()) == (base ? huella(copia) : antes));
+        QCOMPARE(contenidoBaseViva(), base ? contenidoBase(copia) : antes);
         QCOMPARE(nodo(e().ficheroBD()), fichero);
         QCOMPARE(contenido(e().ficheroIni()), ajustes ? INI_COPIA.arg(e().carpetaDatos()).toUtf8() : iniAntes);
         QCOMPARE(ficheros(e().carpetaDatos()), QStringList{QStringLiteral("Usuarios.qst")});
@@ -337,6 +376,7 @@ private slots:
         else
             escribirContenido(copia, bytesCopia);
         const QByteArray antes = contenido(e().ficheroBD());
+        const QStringList vivaAntes = contenidoBaseViva();
         const QByteArray iniAntes = contenido(e().ficheroIni());
         const QByteArray copiaAntes = contenido(copia);
         frmRestaurarCopiaSeguridad* f = abrirRestaurar(0, copia);
@@ -346,6 +386,7 @@ private slots:
         QCOMPARE(e().cuadros[0].icono, Mensajes::Icono::Exclamacion);
         QCOMPARE(f->focusWidget()->objectName(), QStringLiteral("cmd_Buscar"));
         QCOMPARE(contenido(e().ficheroBD()), antes);
+        QCOMPARE(contenidoBaseViva(), vivaAntes);
         QCOMPARE(contenido(e().ficheroIni()), iniAntes);
         QCOMPARE(contenido(copia), copiaAntes);
         QCOMPARE(ficheros(e().carpetaDatos()), QStringList{QStringLiteral("Usuarios.qst")});
