@@ -9,9 +9,7 @@
 #include "search/frmAyudaBuscarSeleccionar.h"
 #include "search/frmBuscar.h"
 #include "search/frmBuscarSeleccionar.h"
-#include "tests/comun/EntornoPrueba.h"
-#include "tests/comun/ServidorPrueba.h"
-#include "tests/pantallas/PruebaPantallas.h"
+#include "tests/pantallas/tst_fichas_comun.h"
 
 #include <QAction>
 #include <QApplication>
@@ -98,13 +96,10 @@ QString estadoExportar(PantallaBusqueda* f)
     return r;
 }
 
-// Entorno de prueba conectado (al fichero o, si CTest lo pide, a una base propia del servidor) y,
-// si se pide, con los datos de llenar().
-struct Entorno : EntornoPrueba {
-    std::optional<ServidorPrueba> servidor;
+// Entorno de prueba conectado (al fichero o, si CTest lo pide, al servidor) y, si se pide, con los datos de llenar().
+struct Entorno : fichas::Entorno {
     explicit Entorno(bool datos = true)
     {
-        ServidorPrueba::conectarAlPedido(*this, servidor);
         if (datos)
             llenar();
     }

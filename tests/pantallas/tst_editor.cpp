@@ -182,7 +182,6 @@ private slots:
     void entradaDelMenu()
     {
         auto* menu = frmMenu::instancia();
-        QVERIFY(accion(menu, QStringLiteral("mnu_Editor"))->isEnabled());
         frmEditorRTF* f = abrirEditor();
         QVERIFY(qobject_cast<QMdiSubWindow*>(f->parentWidget()));
         f->editor()->textCursor().insertText(QStringLiteral("Sin guardar"));
