@@ -5,6 +5,7 @@
 #include "core/Listas.h"
 #include "core/Mensajes.h"
 #include "core/Rutas.h"
+#include "tests/comun/EntornoPrueba.h"
 #include "core/Sistema.h"
 
 #include <QApplication>
@@ -13,7 +14,6 @@
 #include <QDir>
 #include <QFile>
 #include <QLineEdit>
-#include <QTemporaryDir>
 #include <QTest>
 
 using Mensajes::Cuadro;
@@ -39,8 +39,7 @@ Q_DECLARE_METATYPE(Tecleo)
 class tst_FechasFiltros : public QObject {
     Q_OBJECT
 
-    QList<Cuadro> cuadros;
-    QTemporaryDir programa;
+    EntornoPrueba m_e{false, false};  // carpeta del programa propia y cuadros de mensaje anotados
 
     // Pulsación con texto arbitrario (acentos, eñes) que QTest no genera.
     static void teclear(QWidget* w, const QChar c)
@@ -50,17 +49,8 @@ class tst_FechasFiltros : public QObject {
     }
 
 private slots:
-    void initTestCase()
-    {
-        QLocale::setDefault(QLocale(QLocale::Spanish, QLocale::Spain));
-        QVERIFY(QDir(programa.path()).mkpath(QStringLiteral("Logs")));
-        Rutas::establecerDirectorioPrograma(programa.path());
-        Mensajes::instalarContestador([this](const Cuadro& c) {
-            cuadros << c;
-            return Mensajes::Respuesta::Aceptar;
-        });
-    }
-    void init() { cuadros.clear(); }
+    void initTestCase() { QLocale::setDefault(QLocale(QLocale::Spanish, QLocale::Spain)); }
+    void init() { m_e.cuadros.clear(); }
 
     void isFecha_data()
     {
@@ -80,9 +70,9 @@ private slots:
         QFETCH(QString, texto);
         QFETCH(QString, mensaje);
         QCOMPARE(::isFecha(texto), mensaje.isEmpty());
-        QCOMPARE(cuadros.size(), mensaje.isEmpty() ? 0 : 1);
+        QCOMPARE(m_e.cuadros.size(), mensaje.isEmpty() ? 0 : 1);
         if (!mensaje.isEmpty())
-            QCOMPARE(cuadros[0].titulo + QStringLiteral(": ") + cuadros[0].texto, QStringLiteral("Aviso: ") + mensaje);
+            QCOMPARE(m_e.cuadros[0].titulo + QStringLiteral(": ") + m_e.cuadros[0].texto, QStringLiteral("Aviso: ") + mensaje);
     }
 
     void validarFecha_data()
@@ -105,7 +95,7 @@ private slots:
         QVERIFY(QTest::qWaitForWindowActive(&ventana));
         otro->setFocus();
         QCOMPARE(::validarFecha(msk), valida);
-        QCOMPARE(cuadros.size(), valida ? 0 : 1);
+        QCOMPARE(m_e.cuadros.size(), valida ? 0 : 1);
         // Al fallar, el campo queda con el foco.
         QCOMPARE(msk->hasFocus(), !valida);
     }
@@ -231,13 +221,13 @@ private slots:
         QFile::remove(Rutas::ficheroLog());
         QString abierto;
         Sistema::instalarAbridor([&](const QString& r) { abierto = r; return resultado; });
-        const QString ruta = QDir(programa.path()).filePath(QStringLiteral("Documentos/LC_A1.pdf"));
+        const QString ruta = QDir(m_e.directorio()).filePath(QStringLiteral("Documentos/LC_A1.pdf"));
         ::cargarPDF(ruta, nullptr);
         QCOMPARE(abierto, ruta);
         // El aviso y luego la entrada del registro, enseñada en un "Aviso" sin icono.
-        QCOMPARE(cuadros.size(), 2);
-        QCOMPARE(cuadros[0].texto, aviso);
-        QCOMPARE(cuadros[1].icono, Mensajes::Icono::Ninguno);
+        QCOMPARE(m_e.cuadros.size(), 2);
+        QCOMPARE(m_e.cuadros[0].texto, aviso);
+        QCOMPARE(m_e.cuadros[1].icono, Mensajes::Icono::Ninguno);
         QFile log(Rutas::ficheroLog());
         QVERIFY(log.open(QIODevice::ReadOnly));
         const QString texto = QString::fromUtf8(log.readAll());
@@ -245,7 +235,7 @@ private slots:
         for (const QString& linea : {QStringLiteral("Formulario: modFunciones\r\n"), QStringLiteral("Procedimiento: cargarPDF\r\n"),
                                      QStringLiteral("Número: 0\r\n"), QStringLiteral("Descripción: \r\n")}) {
             QVERIFY2(texto.contains(linea), qPrintable(linea));
-            QVERIFY(cuadros[1].texto.contains(linea));
+            QVERIFY(m_e.cuadros[1].texto.contains(linea));
         }
     }
 };

@@ -1,10 +1,10 @@
 #include "core/Mensajes.h"
 #include "core/Rutas.h"
+#include "tests/comun/EntornoPrueba.h"
 #include "core/clsNumToText.h"
 
 #include <QDir>
 #include <QFile>
-#include <QTemporaryDir>
 #include <QTest>
 
 using Mensajes::Cuadro;
@@ -12,8 +12,7 @@ using Mensajes::Cuadro;
 class tst_NumToText : public QObject {
     Q_OBJECT
 
-    QList<Cuadro> cuadros;
-    QTemporaryDir programa;
+    EntornoPrueba m_e{false, false};  // carpeta del programa propia y cuadros de mensaje anotados
 
     // La llamada de las facturas: sin puntos, euros y céntimos masculinos (-1).
     static QString importe(clsNumToText& c, const QString& texto)
@@ -23,19 +22,10 @@ class tst_NumToText : public QObject {
     }
 
 private slots:
-    void initTestCase()
-    {
-        QLocale::setDefault(QLocale(QLocale::Spanish, QLocale::Spain));
-        QVERIFY(QDir(programa.path()).mkpath(QStringLiteral("Logs")));
-        Rutas::establecerDirectorioPrograma(programa.path());
-        Mensajes::instalarContestador([this](const Cuadro& c) {
-            cuadros << c;
-            return Mensajes::Respuesta::Aceptar;
-        });
-    }
+    void initTestCase() { QLocale::setDefault(QLocale(QLocale::Spanish, QLocale::Spain)); }
     void init()
     {
-        cuadros.clear();
+        m_e.cuadros.clear();
         QFile::remove(Rutas::ficheroLog());
     }
 
@@ -94,7 +84,7 @@ private slots:
         QFETCH(QString, letra);
         clsNumToText c;
         QCOMPARE(importe(c, texto), letra);
-        QVERIFY(cuadros.isEmpty());
+        QVERIFY(m_e.cuadros.isEmpty());
     }
 
     void genero_data()
@@ -147,7 +137,7 @@ private slots:
                  QStringLiteral("cinco euro"));
         QCOMPARE(c.Numero2Letra(QStringLiteral("7"), 12, 2, QStringLiteral("euro"), QString(), -1, -1),
                  QStringLiteral("siete euros "));
-        QVERIFY(cuadros.isEmpty());
+        QVERIFY(m_e.cuadros.isEmpty());
         QVERIFY(!QFile::exists(Rutas::ficheroLog()));
     }
 
@@ -185,7 +175,7 @@ private slots:
         for (const QString& linea : registro.split(QStringLiteral("\r\n")))
             if (linea.startsWith(QStringLiteral("Procedimiento: ")))
                 anotados << linea.mid(15);
-        for (const Cuadro& cuadro : std::as_const(cuadros)) {
+        for (const Cuadro& cuadro : std::as_const(m_e.cuadros)) {
             QCOMPARE(cuadro.titulo, QStringLiteral("Aviso"));
             mostrados << cuadro.texto.section(QStringLiteral("Procedimiento: "), 1).section(QStringLiteral("\r\n"), 0, 0);
         }

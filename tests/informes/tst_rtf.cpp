@@ -52,6 +52,14 @@ constexpr int IZQUIERDA = Qt::AlignLeft, CENTRO = Qt::AlignHCenter, DERECHA = Qt
 
 QString color(const QBrush& b) { return b.style() == Qt::NoBrush ? QString() : b.color().name(); }
 
+// Los rasgos del texto buscado: N negrita, C cursiva, S subrayado, T tachado y su color.
+QString rasgos(const QTextDocument& d, const QString& texto)
+{
+    const QTextCharFormat f = formato(d, texto);
+    return QString(f.fontWeight() >= QFont::DemiBold ? "N" : "") + (f.fontItalic() ? "C" : "")
+           + (f.underlineStyle() == QTextCharFormat::SingleUnderline ? "S" : "") + (f.fontStrikeOut() ? "T" : "") + color(f.foreground());
+}
+
 // Lo que se ve de un formato de carácter, con la fuente y el tamaño del documento si no los trae.
 QString resumen(const QTextCharFormat& f, const QTextDocument& d)
 {
@@ -236,19 +244,12 @@ void tst_rtf::otrosProgramas()
                                "Texto en rojo al final."};
     QCOMPARE(textos(d), esperado);
 
-    QCOMPARE(alineacion(d, "CONTRATO"), CENTRO);
-    QCOMPARE(formato(d, "CONTRATO DE PRUEBA").fontWeight(), int(QFont::Bold));
-    QCOMPARE(alineacion(d, "Alineado"), DERECHA);
-    QCOMPARE(alineacion(d, "Cláusula"), JUSTIFICADO);
-    QCOMPARE(alineacion(d, "Texto normal"), IZQUIERDA);
-    QCOMPARE(formato(d, "negrita").fontWeight(), int(QFont::Bold));
-    QCOMPARE(formato(d, "normal con").fontWeight(), int(QFont::Normal));
-    QVERIFY(formato(d, "cursiva").fontItalic());
-    QVERIFY(!formato(d, "negrita").fontItalic());
-    QCOMPARE(formato(d, "subrayado").underlineStyle(), QTextCharFormat::SingleUnderline);
-    QVERIFY(formato(d, "tachado").fontStrikeOut());
-    QCOMPARE(color(formato(d, "rojo").foreground()), QStringLiteral("#ff0000"));
-    QCOMPARE(color(formato(d, "al final").foreground()), QString());
+    QCOMPARE((QList<int>{alineacion(d, "CONTRATO"), alineacion(d, "Alineado"), alineacion(d, "Cláusula"), alineacion(d, "Texto normal")}),
+             (QList<int>{CENTRO, DERECHA, JUSTIFICADO, IZQUIERDA}));
+    QStringList vistos;
+    for (const char* t : {"CONTRATO DE PRUEBA", "negrita", "normal con", "cursiva", "subrayado", "tachado", "rojo", "al final"})
+        vistos << rasgos(d, QString::fromUtf8(t));
+    QCOMPARE(vistos, (QStringList{"N", "N", "", "C", "S", "T", "#ff0000", ""}));
 
     // Viñetas en una lista, números en otra.
     const QTextList* vinetas = bloque(d, "Primera").textList();
@@ -285,15 +286,13 @@ void tst_rtf::escritoPorWord()
     QCOMPARE(alineacion(d, "En Jaén"), JUSTIFICADO);
     QCOMPARE(bloque(d, "En Jaén").blockFormat().bottomMargin(), 160 / 15.0);
     QCOMPARE(bloque(d, "En Jaén").blockFormat().lineHeightType(), int(QTextBlockFormat::ProportionalHeight));
-    QVERIFY(formato(d, "anexo").fontItalic());
-    QVERIFY(!formato(d, "acuerdan").fontItalic());
     QCOMPARE(formato(d, "acuerdan").fontFamilies().toStringList(), QStringList{"Times New Roman"});
     QCOMPARE(formato(d, "acuerdan").fontPointSize(), 11.0);
     QCOMPARE(alineacion(d, "www"), DERECHA);
-    QCOMPARE(formato(d, "ejemplo").underlineStyle(), QTextCharFormat::SingleUnderline);
-    QCOMPARE(color(formato(d, "ejemplo").foreground()), QStringLiteral("#0563c1"));
-    QVERIFY(formato(d, "Tachado").fontStrikeOut());
-    QCOMPARE(formato(d, "subrayado").underlineStyle(), QTextCharFormat::SingleUnderline);
+    QStringList vistos;
+    for (const char* t : {"anexo", "acuerdan", "ejemplo", "Tachado", "subrayado"})
+        vistos << rasgos(d, QString::fromUtf8(t));
+    QCOMPARE(vistos, (QStringList{"C", "", "S#0563c1", "T", "S"}));
     QCOMPARE(color(formato(d, "resaltado").background()), QStringLiteral("#ffff00"));
 
     // Listas de \listtable por nivel, y las antiguas de \pn.

@@ -64,6 +64,24 @@ T* control(QWidget* w, const QString& nombre)
 }
 
 inline QString texto(QWidget* w, const QString& nombre) { return control(w, nombre)->text(); }
+
+// Los textos de esos controles, en orden: muchos campos comparados de una vez.
+inline QStringList textos(QWidget* w, const QStringList& nombres)
+{
+    QStringList r;
+    for (const QString& n : nombres)
+        r << texto(w, n);
+    return r;
+}
+
+// Esas columnas de una fila leída, como texto y en orden.
+inline QStringList columnas(const Fila& m, const QStringList& nombres)
+{
+    QStringList r;
+    for (const QString& n : nombres)
+        r << m.value(n).toString();
+    return r;
+}
 inline void escribir(QWidget* w, const QString& nombre, const QString& valor) { control(w, nombre)->setText(valor); }
 
 // Un impreso como lo abre el menú: la clave de tabla de su lista y, si la comparte, su tipo.
@@ -107,16 +125,20 @@ inline bool cargada(const QString& pantalla)
     return false;
 }
 
-// Elige en el selector abierto la fila de esa clave; devuelve si el selector se ha cerrado.
+// Elige en el selector abierto la fila de esa clave; devuelve si estaba y el selector se ha cerrado.
 inline bool elegir(const QString& clave)
 {
     frmBuscarSeleccionar* s = Pantallas::cargada<frmBuscarSeleccionar>();
     if (!s)
         return false;
     const QList<FilaResultado> l = s->filasResultado();
+    int fila = -1;
     for (int i = 0; i < l.size(); ++i)
         if (l[i].clave == clave)
-            s->seleccionarFila(i);
+            fila = i;
+    if (fila < 0)
+        return false;
+    s->seleccionarFila(fila);
     s->cmd_Seleccionar_Click();
     procesarEventos();
     return !Pantallas::cargada<frmBuscarSeleccionar>();

@@ -9,9 +9,7 @@
 #include "search/frmAyudaBuscarSeleccionar.h"
 #include "search/frmBuscar.h"
 #include "search/frmBuscarSeleccionar.h"
-#include "tests/comun/EntornoPrueba.h"
-#include "tests/comun/ServidorPrueba.h"
-#include "tests/pantallas/PruebaPantallas.h"
+#include "tests/pantallas/tst_fichas_comun.h"
 
 #include <QAction>
 #include <QApplication>
@@ -98,13 +96,10 @@ QString estadoExportar(PantallaBusqueda* f)
     return r;
 }
 
-// Entorno de prueba conectado (al fichero o, si CTest lo pide, a una base propia del servidor) y,
-// si se pide, con los datos de llenar().
-struct Entorno : EntornoPrueba {
-    std::optional<ServidorPrueba> servidor;
+// Entorno de prueba conectado (al fichero o, si CTest lo pide, al servidor) y, si se pide, con los datos de llenar().
+struct Entorno : fichas::Entorno {
     explicit Entorno(bool datos = true)
     {
-        ServidorPrueba::conectarAlPedido(*this, servidor);
         if (datos)
             llenar();
     }
@@ -412,11 +407,8 @@ private slots:
     void ayuda_data()
     {
         QTest::addColumn<Ayuda>("a");
-        QTest::newRow("proyectos editar") << Ayuda{false, "PROYECTOS_A", "lbl_Mensaje_3", "Botón EDITAR: Si desea modificar los datos de un determinado proyecto, selecciónelo en la lista de proyectos (para ello hay que hacer clic sobre él) y haga clic sobre este botón. También puede hacer doble clic sobre el proyecto que desee editar."};
         QTest::newRow("técnicos nuevo") << Ayuda{false, "APAREJADORES", "lbl_Mensaje_2", "Botón NUEVO: Haga clic en él si desea crear un nuevo arquitecto técnico."};
-        QTest::newRow("impresos lista") << Ayuda{false, "DATOSB4", "lbl_Mensaje_1", "En la lista de la pantalla se muestran todos los impresos del tipo seleccionado que tenga actualmente dados de alta en el programa."};
         QTest::newRow("impresos listado") << Ayuda{false, "DATOSA2", "lbl_Botonera_1", "Permite ver en pantalla un listado con los impresos del tipo seleccionado que tenga creados."};
-        QTest::newRow("selector nuevo coste") << Ayuda{true, "COSTES", "lbl_Mensaje_3", "Botón NUEVO: Si el coste de referencia que busca no existe en el programa, puede crearlo haciendo clic sobre este botón."};
         QTest::newRow("selector impresos listado") << Ayuda{true, "DATOSA2", "lbl_Botonera_1", "Permite ver en pantalla un listado con los impresos que tenga creados."};
     }
 

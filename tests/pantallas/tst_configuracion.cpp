@@ -5,16 +5,13 @@
 #include "core/modFunciones.h"
 #include "masterdata/frmConfiguracion.h"
 #include "search/frmBuscarSeleccionar.h"
-#include "tests/comun/EntornoPrueba.h"
-#include "tests/pantallas/PruebaPantallas.h"
+#include "tests/pantallas/tst_fichas_comun.h"
 
-#include <QLineEdit>
-#include <QPushButton>
 #include <QTabWidget>
 #include <QToolButton>
-#include <QtTest>
 
 using Mensajes::Respuesta;
+using namespace fichas;
 
 namespace {
 
@@ -48,22 +45,12 @@ class tst_configuracion : public QObject {
         e().limpiarCuadros();
         return f;
     }
-    static QLineEdit* txt(frmConfiguracion* f, const QString& nombre) { return f->findChild<QLineEdit*>(nombre); }
-    static QStringList textos(frmConfiguracion* f, const QStringList& nombres)
-    {
-        QStringList l;
-        for (const QString& n : nombres)
-            l << txt(f, n)->text();
-        return l;
-    }
-    static void escribir(frmConfiguracion* f, const QString& nombre, const QString& texto) { txt(f, nombre)->setText(texto); }
-    static void escribir(frmConfiguracion* f, const QStringList& nombres, const QStringList& textos)
+    static void escribir(QWidget* f, const QStringList& nombres, const QStringList& textos)
     {
         for (int i = 0; i < nombres.size(); ++i)
-            escribir(f, nombres[i], textos[i]);
+            poner(f, nombres[i], textos[i]);
     }
-    template <typename T> static T* hijo(QObject* f, const QString& nombre) { return f->findChild<T*>(nombre); }
-    static int filasConfig() { UsoConexion uso; return escalar(QStringLiteral("SELECT count(*) FROM Config")).toInt(); }
+    static int filasConfig() { return valor(QStringLiteral("SELECT count(*) FROM Config")).toInt(); }
 
 private slots:
     void initTestCase() { Aplicacion::prepararEntorno(); }
@@ -85,10 +72,7 @@ private slots:
 
     void cleanup()
     {
-        delete frmMenu::existente();
-        for (QWidget* w : Pantallas::cargadas())
-            delete w;
-        procesarEventos();
+        limpiar();
         m_e.reset();
         Aplicacion::reiniciar();
     }
@@ -142,30 +126,30 @@ private slots:
         escribir(f, DOMICILIO, vacio);
         // El primero sin sociedad trae los datos del estudio; el segundo no toca el domicilio.
         f->recibirArquitecto(1, 1, QStringLiteral("Ana García Sáenz"), QStringLiteral("1234"));
-        QCOMPARE(textos(f, (QStringList{"txt_CodArq_1", "txt_Arquitecto_1", "txt_NumColegiado_1"} + DOMICILIO)),
+        QCOMPARE(leer(f, (QStringList{"txt_CodArq_1", "txt_Arquitecto_1", "txt_NumColegiado_1"} + DOMICILIO)),
                  (QStringList{"1", "Ana García Sáenz", "1234"} + ANA));
         f->recibirArquitecto(2, 2, QStringLiteral("Luis Pérez Ochoa"), QStringLiteral("2345"));
-        QCOMPARE(textos(f, {"txt_CodArq_2", "txt_Arquitecto_2", "txt_NumColegiado_2"}), (QStringList{"2", "Luis Pérez Ochoa", "2345"}));
-        QCOMPARE(textos(f, DOMICILIO), ANA);
+        QCOMPARE(leer(f, {"txt_CodArq_2", "txt_Arquitecto_2", "txt_NumColegiado_2"}), (QStringList{"2", "Luis Pérez Ochoa", "2345"}));
+        QCOMPARE(leer(f, DOMICILIO), ANA);
         // La sociedad siempre, también con valores nulos (vacíos); con ella, el primero ya no cambia el domicilio.
         f->recibirSociedad(10, QStringLiteral("Estudio Rioja SLP"), QStringLiteral("77"));
-        QCOMPARE(textos(f, (QStringList{"txt_CodSoc", "txt_Sociedad", "txt_NumRegistro"} + DOMICILIO)),
+        QCOMPARE(leer(f, (QStringList{"txt_CodSoc", "txt_Sociedad", "txt_NumRegistro"} + DOMICILIO)),
                  (QStringList{"10", "Estudio Rioja SLP", "77"} + SOCIEDAD));
         f->recibirArquitecto(1, 2, QStringLiteral("Luis Pérez Ochoa"), QStringLiteral("2345"));
-        QCOMPARE(textos(f, DOMICILIO), SOCIEDAD);
+        QCOMPARE(leer(f, DOMICILIO), SOCIEDAD);
         QVERIFY(e().cuadros.isEmpty());
 
         // Ficha nueva: nombre y número, nunca el código; el domicilio sólo sin sociedad.
         const QStringList nuevo = {"C/ Nueva 1", "11111111H", "26003", "Logroño", "La Rioja", "941", "942", "600", "n@e.es"};
         const DatosContacto datos{nuevo[0], nuevo[1], nuevo[2], nuevo[3], nuevo[4], nuevo[5], nuevo[6], nuevo[7], nuevo[8]};
         f->recibirNuevoArquitecto(1, QStringLiteral("Nuevo Uno"), QStringLiteral("111"), datos);
-        QCOMPARE(textos(f, (QStringList{"txt_CodArq_1", "txt_Arquitecto_1"} + DOMICILIO)), (QStringList{"2", "Nuevo Uno"} + SOCIEDAD));
-        escribir(f, "txt_Sociedad", QString());
+        QCOMPARE(leer(f, (QStringList{"txt_CodArq_1", "txt_Arquitecto_1"} + DOMICILIO)), (QStringList{"2", "Nuevo Uno"} + SOCIEDAD));
+        poner(f, "txt_Sociedad", QString());
         f->recibirNuevoArquitecto(1, QStringLiteral("Nuevo Uno"), QStringLiteral("111"), datos);
-        QCOMPARE(textos(f, DOMICILIO), nuevo);
+        QCOMPARE(leer(f, DOMICILIO), nuevo);
         escribir(f, DOMICILIO, vacio);
         f->recibirNuevaSociedad(QStringLiteral("Sociedad Nueva"), QStringLiteral("88"), datos);
-        QCOMPARE(textos(f, (QStringList{"txt_CodSoc", "txt_Sociedad", "txt_NumRegistro"} + DOMICILIO)),
+        QCOMPARE(leer(f, (QStringList{"txt_CodSoc", "txt_Sociedad", "txt_NumRegistro"} + DOMICILIO)),
                  (QStringList{"10", "Sociedad Nueva", "88"} + nuevo));
     }
 
@@ -193,9 +177,9 @@ private slots:
         QFETCH(QStringList, domicilio);
         frmConfiguracion* f = abrir();
         for (int i = 1; i <= 4; ++i) {
-            escribir(f, QStringLiteral("txt_CodArq_%1").arg(i), QString::number(i));
-            escribir(f, QStringLiteral("txt_Arquitecto_%1").arg(i), QStringLiteral("Arq %1").arg(i));
-            escribir(f, QStringLiteral("txt_NumColegiado_%1").arg(i), QString::number(i * 11));
+            poner(f, QStringLiteral("txt_CodArq_%1").arg(i), QString::number(i));
+            poner(f, QStringLiteral("txt_Arquitecto_%1").arg(i), QStringLiteral("Arq %1").arg(i));
+            poner(f, QStringLiteral("txt_NumColegiado_%1").arg(i), QString::number(i * 11));
         }
         escribir(f, {"txt_NumColegiado_1", "txt_CodSoc", "txt_Sociedad", "txt_NumRegistro"},
                  {numero1, "10", conSociedad ? "Estudio Rioja SLP" : "", "77"});
@@ -203,14 +187,14 @@ private slots:
         f->findChild<QToolButton*>(QStringLiteral("img_Borrar_%1").arg(indice))->click();
         for (int i = 1; i <= 4; ++i) {
             const bool vacio = i == indice + 1;
-            QCOMPARE(txt(f, QStringLiteral("txt_Arquitecto_%1").arg(i))->text().isEmpty(), vacio);
-            QCOMPARE(txt(f, QStringLiteral("txt_CodArq_%1").arg(i))->text().isEmpty(), vacio);
-            QCOMPARE(txt(f, QStringLiteral("txt_NumColegiado_%1").arg(i))->text().isEmpty(), vacio || (i == 1 && numero1.isEmpty()));
+            QCOMPARE(leer(f, QStringLiteral("txt_Arquitecto_%1").arg(i)).isEmpty(), vacio);
+            QCOMPARE(leer(f, QStringLiteral("txt_CodArq_%1").arg(i)).isEmpty(), vacio);
+            QCOMPARE(leer(f, QStringLiteral("txt_NumColegiado_%1").arg(i)).isEmpty(), vacio || (i == 1 && numero1.isEmpty()));
         }
         const bool sinSociedad = indice == 4;
-        QCOMPARE(textos(f, {"txt_CodSoc", "txt_NumRegistro"}).join(QString()).isEmpty(), sinSociedad);
-        QCOMPARE(txt(f, "txt_Sociedad")->text().isEmpty(), sinSociedad || !conSociedad);
-        QCOMPARE(textos(f, DOMICILIO), domicilio);
+        QCOMPARE(leer(f, {"txt_CodSoc", "txt_NumRegistro"}).join(QString()).isEmpty(), sinSociedad);
+        QCOMPARE(leer(f, "txt_Sociedad").isEmpty(), sinSociedad || !conSociedad);
+        QCOMPARE(leer(f, DOMICILIO), domicilio);
         QVERIFY(e().cuadros.isEmpty());
     }
 
@@ -244,8 +228,8 @@ private slots:
         QFETCH(int, pestana);
         frmConfiguracion* f = abrir(2);
         for (int i = 1; i <= 4; ++i) {
-            escribir(f, QStringLiteral("txt_CodArq_%1").arg(i), codigos[i - 1]);
-            escribir(f, QStringLiteral("txt_Arquitecto_%1").arg(i), QStringLiteral("Arq %1").arg(i));
+            poner(f, QStringLiteral("txt_CodArq_%1").arg(i), codigos[i - 1]);
+            poner(f, QStringLiteral("txt_Arquitecto_%1").arg(i), QStringLiteral("Arq %1").arg(i));
         }
         escribir(f, {"txt_ModuloM", "txt_Iva", "txt_Irpf"}, {modulo, iva, irpf});
         f->cmd_Guardar_Click();
@@ -255,8 +239,7 @@ private slots:
         if (mensaje.isEmpty())
             return;
         // Nada se ha escrito.
-        UsoConexion uso;
-        QVERIFY(escalar(QStringLiteral("SELECT Arq2Nom FROM Config")).isNull());
+        QVERIFY(valor(QStringLiteral("SELECT Arq2Nom FROM Config")).isNull());
     }
 
     void guardado()
@@ -293,7 +276,7 @@ private slots:
         QVERIFY(Pantallas::descargar(f));
         procesarEventos();
         f = abrir();
-        QCOMPARE(textos(f, {"txt_CodArq_2", "txt_Sociedad", "txt_ModuloM", "txt_Iva", "txt_PaginaWeb", "txt_Movil", "txt_RutaBD"}),
+        QCOMPARE(leer(f, {"txt_CodArq_2", "txt_Sociedad", "txt_ModuloM", "txt_Iva", "txt_PaginaWeb", "txt_Movil", "txt_RutaBD"}),
                  (QStringList{"2", "Estudio Rioja SLP", "530,25", "21", "www.rioja.es", "", "/otra/carpeta/"}));
         QVERIFY(!f->PreguntarGuardarCambios());
         // Un segundo guardado sigue dejando una sola fila.
@@ -315,20 +298,19 @@ private slots:
         QFETCH(QString, modulo);
         QFETCH(QString, mensaje);
         QPointer<frmConfiguracion> f = abrir();
-        hijo<QPushButton>(f, "cmd_Cerrar")->click();
+        pulsar(f, "cmd_Cerrar");
         procesarEventos();
         QVERIFY(!f);
         QVERIFY(e().cuadros.isEmpty());
 
         f = abrir();
-        escribir(f, "txt_ModuloM", modulo);
+        poner(f, "txt_ModuloM", modulo);
         e().respuestas << Respuesta::Si;
-        hijo<QPushButton>(f, "cmd_Cerrar")->click();
+        pulsar(f, "cmd_Cerrar");
         procesarEventos();
         QCOMPARE(e().textos(), (QStringList{"¿Desea guardar los cambios antes de salir?", mensaje}));
         QCOMPARE(f.isNull(), !modulo.isEmpty());
-        UsoConexion uso;
-        QCOMPARE(escalar(QStringLiteral("SELECT Modulo FROM Config")).toDouble(), modulo.isEmpty() ? 525.5 : 600.0);
+        QCOMPARE(valor(QStringLiteral("SELECT Modulo FROM Config")).toDouble(), modulo.isEmpty() ? 525.5 : 600.0);
     }
 
 };

@@ -129,10 +129,7 @@ private slots:
         imprimir(f);
         const auto r = a1b2();
         QCOMPARE(r.size(), 1);
-        QStringList obtenido;
-        for (const char* c : {"CLINOM", "CLINIF", "REPNOM", "REPNIF", "REPDOM", "REPEMAIL", "TIPOREP", "REPRES", "REPRESNO"})
-            obtenido << t(r[0], c);
-        QCOMPARE(obtenido, esperado);
+        QCOMPARE(columnas(r[0], {"CLINOM", "CLINIF", "REPNOM", "REPNIF", "REPDOM", "REPEMAIL", "TIPOREP", "REPRES", "REPRESNO"}), esperado);
     }
 
     // B2 toma ARQSOC del propio proyecto, tal cual, en lugar del nombre de la sociedad.
@@ -154,7 +151,7 @@ private slots:
         imprimir(f);
         const auto r = a1b2();
         QCOMPARE(r.size(), 1);
-        QCOMPARE((QStringList{t(r[0], "HAYSOC"), t(r[0], "ARQREG"), t(r[0], "ARQSOC")}), (QStringList{"X", "777", arqsoc}));
+        QCOMPARE(columnas(r[0], {"HAYSOC", "ARQREG", "ARQSOC"}), (QStringList{"X", "777", arqsoc}));
         QCOMPARE(t(filas("SELECT * FROM datosA1B2")[0], "TIPODOC"), tipo);
     }
 
@@ -177,10 +174,9 @@ private slots:
         QVERIFY(!BaseDatos::estaAbierta() && !transaccionEnCurso);
         const auto h = filas("SELECT * FROM datosA1B2");
         QCOMPARE(h.size(), 1);
-        QCOMPARE(t(h[0], "PRYNOM") + "|" + t(h[0], "PRYCOD"), "Vivienda unifamiliar|" + QString::number(cod));
-        QCOMPARE(t(h[0], "OBS1SI") + "|" + t(h[0], "OBS1NO") + "|" + t(h[0], "OBS2SI") + "|" + t(h[0], "OBS2NO"), "|X|X|");
-        // Valores de un impreso nuevo: el municipio de la práctica y la fecha de hoy en letra.
-        QCOMPARE(t(h[0], "LUGAR_A1") + "|" + t(h[0], "FECHA_A1"), "Villanueva|" + Formato::fechaPie(QDate::currentDate()));
+        // Con los valores de un impreso nuevo: el municipio de la práctica y la fecha de hoy en letra.
+        QCOMPARE(columnas(h[0], {"PRYNOM", "PRYCOD", "OBS1SI", "OBS1NO", "OBS2SI", "OBS2NO", "LUGAR_A1", "FECHA_A1"}),
+                 (QStringList{"Vivienda unifamiliar", QString::number(cod), "", "X", "X", "", "Villanueva", Formato::fechaPie(QDate::currentDate())}));
     }
 
     // "MODIFICAR": carga la fila, cada vista previa actualiza la misma y la pantalla sigue abierta.

@@ -76,8 +76,7 @@ void rellenarFactura(frmDatosImpreso_B1_B3_B4* f, const QStringList& importes, q
 
 QStringList totales(QWidget* f)
 {
-    return {texto(f, "txt_TotalHonorarios"), texto(f, "txt_Iva"), texto(f, "txt_TotalFactura"), texto(f, "txt_Irpf"),
-            texto(f, "txt_TotalAbonado"), texto(f, "txt_TotalAbonado_Texto")};
+    return textos(f, {"txt_TotalHonorarios", "txt_Iva", "txt_TotalFactura", "txt_Irpf", "txt_TotalAbonado", "txt_TotalAbonado_Texto"});
 }
 
 QStringList lineas(QWidget* f)
@@ -87,6 +86,18 @@ QStringList lineas(QWidget* f)
     for (int i = 0; i < lvw->topLevelItemCount(); ++i)
         r << lvw->topLevelItem(i)->text(0) + QLatin1Char('|') + lvw->topLevelItem(i)->text(1);
     return r;
+}
+
+// Un certificado de retenciones nuevo con quien percibe, quien paga y el ejercicio escritos.
+DatosImpreso* certificado(const QString& tipo, qint64 perceptor = 11, qint64 pagador = 1)
+{
+    DatosImpreso* f = abrir({QStringLiteral("DATOSB4"), tipo});
+    escribir(f, "txt_CodPerceptor", QString::number(perceptor));
+    escribir(f, "txt_Perceptor", QStringLiteral("Quien percibe"));
+    escribir(f, "txt_CodPagador", QString::number(pagador));
+    escribir(f, "txt_Pagador", QStringLiteral("Quien paga"));
+    escribir(f, "txt_Ejercicio", QStringLiteral("2009"));
+    return f;
 }
 
 void seleccionarLinea(QWidget* f, int fila)
@@ -430,9 +441,8 @@ private slots:
         const auto h = filas("SELECT * FROM datosB1B3B4 WHERE Clave <> ?", {otra});
         QCOMPARE(h.size(), 1);
         const QString clave = t(h[0], "Clave");
-        QCOMPARE((QStringList{t(h[0], "PRYCOD"), t(h[0], "PRYNOM"), t(h[0], "NUMFAC"), t(h[0], "REGCLI"), t(h[0], "ARQNOM"),
-                              t(h[0], "ARQCOD"), t(h[0], "ARQNIF"), t(h[0], "ARQCP"), t(h[0], "AgenciaTributaria"), t(h[0], "LUGAR"),
-                              t(h[0], "TXTABON")}),
+        QCOMPARE(columnas(h[0], {"PRYCOD", "PRYNOM", "NUMFAC", "REGCLI", "ARQNOM", "ARQCOD", "ARQNIF", "ARQCP", "AgenciaTributaria", "LUGAR",
+                                 "TXTABON"}),
                  (QStringList{"101", "Vivienda unifamiliar", "17/2008", "R-5", "Ana Ruiz Peña", "11", "11111111H", "22700", "Huesca", "Jaca",
                               "Mil diez euros"}));
         QCOMPARE((QList<double>{h[0]["IMPORTE"].toDouble(), h[0]["IVA"].toDouble(), h[0]["TOTAL"].toDouble(), h[0]["IRPF"].toDouble(),
@@ -445,8 +455,7 @@ private slots:
 
         const auto tmp = filas("SELECT * FROM B1B3B4");
         QCOMPARE(tmp.size(), 1);
-        QCOMPARE((QStringList{t(tmp[0], "Id_Factura"), t(tmp[0], "ARQ1NOM"), t(tmp[0], "ARQ1MUN"), t(tmp[0], "CLINOM"), t(tmp[0], "CLINIF"),
-                              t(tmp[0], "IMPORTE"), t(tmp[0], "IRPF"), t(tmp[0], "EURABON"), t(tmp[0], "AgenciaTributaria")}),
+        QCOMPARE(columnas(tmp[0], {"Id_Factura", "ARQ1NOM", "ARQ1MUN", "CLINOM", "CLINIF", "IMPORTE", "IRPF", "EURABON", "AgenciaTributaria"}),
                  (QStringList{clave, "Ana Ruiz Peña", "Jaca", "Lucía Ferrer Gil", "12345678Z", "1.000,00", "150,00", "1.010,00", "Huesca"}));
 
         // Lo impreso: la factura con sus líneas (sólo las suyas); el B3 con el año y los euros.
@@ -632,20 +641,13 @@ private slots:
         facturaGuardada(11, 102, 700.0, 0.0);
         facturaGuardada(12, 101, 500.0, 75.0);
         facturaGuardada(11, 104, 300.0, 45.0);  // proyecto sin cliente: no es de nadie
-        DatosImpreso* f = abrir({QStringLiteral("DATOSB4"), QStringLiteral("B4_A")}, QStringLiteral("ALTA"));
-        control(f, "txt_CodPerceptor")->setText(QString::number(perceptor));
-        control(f, "txt_Perceptor")->setText(QStringLiteral("Quien percibe"));
-        control(f, "txt_CodPagador")->setText(QString::number(pagador));
-        control(f, "txt_Pagador")->setText(QStringLiteral("Quien paga"));
-        control(f, "txt_Ejercicio")->setText(QStringLiteral("2008"));
-        imprimir(f);
+        imprimir(certificado(QStringLiteral("B4_A"), perceptor, pagador));
         QCOMPARE(m_e->textos(), QStringList());
 
         const auto h = filas("SELECT * FROM datosB4");
         QCOMPARE(h.size(), 1);
-        QCOMPARE((QStringList{t(h[0], "TipoCertificado"), t(h[0], "Ejercicio"), t(h[0], "PERCOD"), t(h[0], "PAGCOD"), t(h[0], "AgenciaTributaria"),
-                              t(h[0], "LUGAR")}),
-                 (QStringList{"A", "2008", QString::number(perceptor), QString::number(pagador), "Huesca", "Jaca"}));
+        QCOMPARE(columnas(h[0], {"TipoCertificado", "Ejercicio", "PERCOD", "PAGCOD", "AgenciaTributaria", "LUGAR"}),
+                 (QStringList{"A", "2009", QString::number(perceptor), QString::number(pagador), "Huesca", "Jaca"}));
         QVERIFY(h[0]["TipoPerceptor"].isNull() && h[0]["FechaPresentacion"].isNull());
         const auto tmp = filas("SELECT * FROM B4");
         QCOMPARE(tmp.size(), 1);
@@ -686,13 +688,9 @@ private slots:
         s->seleccionarFila(0);
         s->cmd_Seleccionar_Click();
         procesarEventos();
-        QCOMPARE(texto(f, "txt_TipoPerceptor") + "|" + texto(f, "txt_CodPerceptor") + "|" + texto(f, "txt_Perceptor"),
-                 QStringLiteral("CO|30|Obras Duero SA"));
+        QCOMPARE(textos(f, {"txt_TipoPerceptor", "txt_CodPerceptor", "txt_Perceptor"}), (QStringList{"CO", "30", "Obras Duero SA"}));
         control<QToolButton>(f, "img_Buscar_1")->click();
-        s = Pantallas::cargada<frmBuscarSeleccionar>();
-        QVERIFY(s);
-        QCOMPARE(s->windowTitle() + "|" + s->ClaveRetorno, QStringLiteral("Buscar arquitecto|FRMDATOSIMPRESOB4_PROPIO_PAGADOR"));
-        elegir(11);
+        QVERIFY(elegir(11));
         QCOMPARE(texto(f, "txt_Pagador"), QStringLiteral("Ana Ruiz Peña"));
 
         // Elegir otra familia y cerrar el selector sin elegir no cambia el tipo de quien ya está.
@@ -708,20 +706,17 @@ private slots:
             control(f, campo)->setText(QString::fromLatin1(valor));
             emit control(f, campo)->editingFinished();
         }
-        QCOMPARE(texto(f, "txt_Rendimientos") + "|" + texto(f, "txt_Retencion") + "|" + texto(f, "txt_ImporteIntegro"),
-                 QStringLiteral("1234,50|234,50|1000,00"));
+        QCOMPARE(textos(f, {"txt_Rendimientos", "txt_Retencion", "txt_ImporteIntegro"}), (QStringList{"1234,50", "234,50", "1000,00"}));
         imprimir(f);
         QCOMPARE(m_e->textos(), QStringList());
         const auto h = filas("SELECT * FROM datosB4");
         QCOMPARE(h.size(), 1);
-        QCOMPARE((QStringList{t(h[0], "TipoCertificado"), t(h[0], "TipoPerceptor"), t(h[0], "PERNOM"), t(h[0], "PERNIF"), t(h[0], "PERCP"),
-                              t(h[0], "PAGNOM"), t(h[0], "PAGCOD"), t(h[0], "Ejercicio")}),
+        QCOMPARE(columnas(h[0], {"TipoCertificado", "TipoPerceptor", "PERNOM", "PERNIF", "PERCP", "PAGNOM", "PAGCOD", "Ejercicio"}),
                  (QStringList{"P", "CO", "Obras Duero SA", "A33333333", "42001", "Ana Ruiz Peña", "11", "2009"}));
         QCOMPARE((QList<double>{h[0]["Rendimientos"].toDouble(), h[0]["Retencion"].toDouble(), h[0]["ImporteIntegro"].toDouble()}),
                  (QList<double>{1234.5, 234.5, 1000}));
         const auto tmp = filas("SELECT * FROM B4");
-        QCOMPARE(t(tmp[0], "Rendimientos") + "|" + t(tmp[0], "Retencion") + "|" + t(tmp[0], "ImporteIntegro"),
-                 QStringLiteral("1.234,50|234,50|1.000,00"));
+        QCOMPARE(columnas(tmp[0], {"Rendimientos", "Retencion", "ImporteIntegro"}), (QStringList{"1.234,50", "234,50", "1.000,00"}));
         auto* lista = Pantallas::cargada<frmBuscar>();
         QCOMPARE(lista ? lista->TipoImpreso : QString(), QStringLiteral("B4_P"));
     }
@@ -746,13 +741,8 @@ private slots:
         QFETCH(QString, tecleado);
         QFETCH(QString, pantalla);
         QFETCH(QString, tabla);
-        DatosImpreso* f = abrir({QStringLiteral("DATOSB4"), QStringLiteral("B4_P")}, QStringLiteral("ALTA"));
-        for (const char* c : {"txt_CodPerceptor", "txt_CodPagador"})
-            control(f, c)->setText(QStringLiteral("11"));
-        for (const char* c : {"txt_Perceptor", "txt_Pagador"})
-            control(f, c)->setText(QStringLiteral("Ana Ruiz Peña"));
-        control(f, "txt_TipoPerceptor")->setText(QStringLiteral("AR"));
-        control(f, "txt_Ejercicio")->setText(QStringLiteral("2009"));
+        DatosImpreso* f = certificado(QStringLiteral("B4_P"), 11, 11);
+        escribir(f, "txt_TipoPerceptor", QStringLiteral("AR"));
         QLineEdit* c = control(f, campo);
         QTest::keyClicks(c, tecleado);
         emit c->editingFinished();
@@ -778,12 +768,7 @@ private slots:
         QFETCH(QString, tecleada);
         QFETCH(QVariant, guardada);
         QFETCH(QString, alReabrir);
-        DatosImpreso* f = abrir({QStringLiteral("DATOSB4"), QStringLiteral("B4_A")}, QStringLiteral("ALTA"));
-        control(f, "txt_CodPerceptor")->setText(QStringLiteral("11"));
-        control(f, "txt_Perceptor")->setText(QStringLiteral("Ana"));
-        control(f, "txt_CodPagador")->setText(QStringLiteral("1"));
-        control(f, "txt_Pagador")->setText(QStringLiteral("Lucía"));
-        control(f, "txt_Ejercicio")->setText(QStringLiteral("2009"));
+        DatosImpreso* f = certificado(QStringLiteral("B4_A"));
         QLineEdit* msk = control(f, "msk_FechaPresentacion");
         QCOMPARE(msk->displayText(), QStringLiteral("__/__/____"));
         msk->setCursorPosition(0);
@@ -844,12 +829,7 @@ private slots:
     // columnas sin poner; lo demás sigue.
     void personasNoHalladas()
     {
-        DatosImpreso* f = abrir({QStringLiteral("DATOSB4"), QStringLiteral("B4_A")}, QStringLiteral("ALTA"));
-        control(f, "txt_CodPerceptor")->setText(QStringLiteral("11"));
-        control(f, "txt_Perceptor")->setText(QStringLiteral("Ana"));
-        control(f, "txt_CodPagador")->setText(QStringLiteral("9"));
-        control(f, "txt_Pagador")->setText(QStringLiteral("Borrado"));
-        control(f, "txt_Ejercicio")->setText(QStringLiteral("2009"));
+        DatosImpreso* f = certificado(QStringLiteral("B4_A"), 11, 9);
         sql("DELETE FROM OTROS WHERE Codigo_Cli = 11");
         imprimir(f);
         const QString per = QStringLiteral("No se han podido cargar los datos del perceptor");

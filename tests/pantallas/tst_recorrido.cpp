@@ -1,72 +1,36 @@
 // Recorrido de un estudio que empieza: configuración con dos arquitectos y la sociedad elegidos
 // en el selector, un cliente con representante, un proyecto que los toma a todos, y el
 // proyecto abierto de nuevo tal como se guardó.
-#include "app/frmMenu.h"
-#include "core/modFunciones.h"
 #include "masterdata/FichaRegistro.h"
+#include "masterdata/frmArquitecto.h"
 #include "masterdata/frmCliente.h"
 #include "masterdata/frmConfiguracion.h"
 #include "masterdata/frmProyecto.h"
-#include "core/Fichas.h"
-#include "masterdata/frmArquitecto.h"
-#include "search/frmBuscarSeleccionar.h"
-#include "search/frmSeleccionarTipoPerceptor.h"
-#include "search/ModeloResultados.h"
-#include "forms/DatosImpreso.h"
-#include "reports/TablaImpresos.h"
-#include "search/frmBuscar.h"
-#include "search/AbrirBusqueda.h"
 #include "masterdata/frmValidarNIFCIF.h"
+#include "reports/TablaImpresos.h"
+#include "search/AbrirBusqueda.h"
+#include "search/ModeloResultados.h"
+#include "search/frmBuscar.h"
+#include "tests/pantallas/PruebaImpresos.h"
 
+#include <QLabel>
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QMenu>
-#include "tests/comun/EntornoPrueba.h"
-#include "tests/pantallas/PruebaPantallas.h"
-
-#include <QLabel>
-#include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QToolButton>
 #include <QTreeWidget>
-#include <QtTest>
 
-using Mensajes::Respuesta;
+using namespace impresos;
 
 namespace {
-
-// Elige en el selector abierto la fila de ese código y pulsa "Seleccionar".
-void elegir(qint64 codigo)
-{
-    frmBuscarSeleccionar* s = Pantallas::cargada<frmBuscarSeleccionar>();
-    QVERIFY2(s, "el selector no se ha abierto");
-    const QList<FilaResultado> filas = s->filasResultado();
-    int fila = -1;
-    for (int i = 0; i < filas.size(); ++i)
-        if (filas[i].clave == QString::number(codigo))
-            fila = i;
-    QVERIFY(fila >= 0);
-    s->seleccionarFila(fila);
-    s->cmd_Seleccionar_Click();
-    procesarEventos();
-    QVERIFY(!Pantallas::cargada<frmBuscarSeleccionar>());
-}
-
-void escribir(QWidget* w, const char* control, const QString& texto)
-{
-    auto* c = w->findChild<QLineEdit*>(QString::fromLatin1(control));
-    QVERIFY2(c, control);
-    c->setText(texto);
-}
 
 QWidget* delante()
 {
     QMdiSubWindow* sub = Pantallas::areaPrincipal()->activeSubWindow();
     return sub ? sub->widget() : nullptr;
 }
-
-QString texto(QWidget* w, const char* control) { return w->findChild<QLineEdit*>(QString::fromLatin1(control))->text(); }
 
 // Texto de un control: cajas y etiquetas tal cual; una lista, sus filas con las columnas unidas por "|".
 QString leerControl(QWidget* w, const QString& nombre)
@@ -127,11 +91,11 @@ private slots:
         // 1. Configuración: los dos arquitectos y la sociedad, por el selector.
         frmConfiguracion* conf = frmConfiguracion::abrir(0);
         conf->img_Buscar_Click(0);
-        elegir(1);
+        QVERIFY(elegir(1));
         conf->img_Buscar_Click(1);
-        elegir(2);
+        QVERIFY(elegir(2));
         conf->img_Buscar_Click(4);
-        elegir(3);
+        QVERIFY(elegir(3));
         QCOMPARE(texto(conf, "txt_Arquitecto_2"), QStringLiteral("Luis Gómez Peña"));
         QCOMPARE(texto(conf, "txt_Domicilio"), QStringLiteral("Plaza Mayor, 3"));  // la sociedad da los datos del estudio
         conf->cmd_Guardar_Click();
@@ -139,10 +103,7 @@ private slots:
         Pantallas::descargar(conf);
 
         // 2. Un cliente que es una sociedad, con su representante.
-        PeticionFicha nuevoCliente;
-        nuevoCliente.tabla = QStringLiteral("CLIENTES");
-        nuevoCliente.operacion = QStringLiteral("ALTA");
-        QVERIFY(Fichas::abrir(nuevoCliente));
+        QVERIFY(Fichas::abrir({.tabla = QStringLiteral("CLIENTES"), .operacion = QStringLiteral("ALTA")}));
         frmCliente* cli = Pantallas::cargada<frmCliente>();
         cli->findChild<QRadioButton*>(QStringLiteral("opt_Tipo_1"))->click();
         escribir(cli, "txt_Nombre", QStringLiteral("Promociones O'Donnell S.L."));
@@ -156,16 +117,13 @@ private slots:
         QVERIFY(!Pantallas::cargada<frmCliente>());
 
         // 3. El proyecto nuevo toma la sociedad y los arquitectos de la configuración; el cliente, del selector.
-        PeticionFicha nuevoProyecto;
-        nuevoProyecto.tabla = QStringLiteral("PROYECTOS_A");
-        nuevoProyecto.operacion = QStringLiteral("ALTA");
-        QVERIFY(Fichas::abrir(nuevoProyecto));
+        QVERIFY(Fichas::abrir({.tabla = QStringLiteral("PROYECTOS_A"), .operacion = QStringLiteral("ALTA")}));
         frmProyecto* p = Pantallas::cargada<frmProyecto>();
         auto* lvw = p->findChild<QTreeWidget*>(QStringLiteral("lvw_Arquitectos"));
         QCOMPARE(lvw->topLevelItemCount(), 3);
         escribir(p, "txt_Trabajo", QStringLiteral("Vivienda unifamiliar"));
         p->img_Buscar_Click(2);
-        elegir(1);
+        QVERIFY(elegir(1));
         QCOMPARE(texto(p, "txt_Cliente"), QStringLiteral("Promociones O'Donnell S.L."));
         QCOMPARE(texto(p, "txt_Representante"), QStringLiteral("Íñigo Muñoz"));
         e.limpiarCuadros();
@@ -178,10 +136,7 @@ private slots:
             UsoConexion uso;
             return escalar(QStringLiteral("SELECT MAX(PryCod) FROM Proyectos_A")).toLongLong();
         }();
-        PeticionFicha editar = nuevoProyecto;
-        editar.operacion = QStringLiteral("MODIFICAR");
-        editar.codigo = clave;
-        QVERIFY(Fichas::abrir(editar));
+        QVERIFY(Fichas::abrir({.tabla = QStringLiteral("PROYECTOS_A"), .operacion = QStringLiteral("MODIFICAR"), .codigo = clave}));
         p = Pantallas::cargada<frmProyecto>();
         QCOMPARE(texto(p, "txt_Trabajo"), QStringLiteral("Vivienda unifamiliar"));
         QCOMPARE(texto(p, "txt_Cliente"), QStringLiteral("Promociones O'Donnell S.L."));
@@ -212,10 +167,7 @@ private slots:
             ejecutar(QStringLiteral("INSERT INTO Config (IVA, IRPF) VALUES (16, 15)"));
         }
         frmMenu::instancia()->show();
-        PeticionFicha nuevo;
-        nuevo.tabla = QStringLiteral("PROYECTOS_A");
-        nuevo.operacion = QStringLiteral("ALTA");
-        QVERIFY(Fichas::abrir(nuevo));
+        QVERIFY(Fichas::abrir({.tabla = QStringLiteral("PROYECTOS_A"), .operacion = QStringLiteral("ALTA")}));
         frmProyecto* p = Pantallas::cargada<frmProyecto>();
         p->img_Buscar_Click(1);
         frmBuscarSeleccionar* s = Pantallas::cargada<frmBuscarSeleccionar>();
@@ -290,12 +242,13 @@ private slots:
                                                     << QStringList{"txt_NumColegiado=88", "txt_Nombre=Taller SLP", "txt_Municipio=León"}
                                                     << QStringList{"txt_CodSoc", "txt_Sociedad", "txt_NumRegistro", "txt_Municipio"}
                                                     << QStringList{"", "Taller SLP", "88", "León"};
-        for (const char* impreso : {"A1", "B2", /* nombramientos, hoja urbanística y comunicado: */ "A4", "CSS", "A5", "CDC"}) {
+        for (const char* impreso : {"A1", "B2", "A2", "A3", /* nombramientos, hoja urbanística y comunicado: */ "A4", "CSS", "A5", "CDC"}) {
+            const int boton = impreso == QLatin1String("A3") ? 0 : -1;
             QTest::newRow(qPrintable(QStringLiteral("proyecto del %1").arg(QLatin1String(impreso))))
-                << QStringLiteral("impreso %1").arg(QLatin1String(impreso)) << -1 << "elegir 7" << QStringList{}
+                << QStringLiteral("impreso %1").arg(QLatin1String(impreso)) << boton << "elegir 7" << QStringList{}
                 << QStringList{"txt_CodProyecto", "txt_Proyecto"} << QStringList{"7", "Nave agrícola"};
             QTest::newRow(qPrintable(QStringLiteral("proyecto nuevo del %1").arg(QLatin1String(impreso))))
-                << QStringLiteral("impreso %1").arg(QLatin1String(impreso)) << -1 << "nuevo" << QStringList{"txt_Trabajo=Almacén"}
+                << QStringLiteral("impreso %1").arg(QLatin1String(impreso)) << boton << "nuevo" << QStringList{"txt_Trabajo=Almacén"}
                 << QStringList{"txt_CodProyecto", "txt_Proyecto"} << QStringList{"8", "Almacén"};
         }
         // Facturas y certificados de retenciones: sus botones de búsqueda por índice.
@@ -398,22 +351,15 @@ private slots:
                     ficha = w;
             QVERIFY2(ficha, "no se ha abierto la ficha del alta");
             for (const QString& par : alta)
-                escribir(ficha, par.section(QLatin1Char('='), 0, 0).toLatin1().constData(), par.section(QLatin1Char('='), 1));
+                escribir(ficha, par.section(QLatin1Char('='), 0, 0), par.section(QLatin1Char('='), 1));
             QMetaObject::invokeMethod(ficha->findChild<QPushButton*>(QStringLiteral("cmd_Guardar")), "click");
             procesarEventos();
             QVERIFY(!Pantallas::cargadas().contains(ficha));
             QVERIFY(!s);  // el selector se cerró al abrir la ficha
         } else {
-            const QString codigo = accion.section(QLatin1Char(' '), 1);
             for (int i = 0; i < s->modelo()->rowCount(); ++i)
                 s->modelo()->setMarcada(i, true);
-            const QList<FilaResultado> filas = s->filasResultado();
-            for (int i = 0; i < filas.size(); ++i)
-                if (filas[i].clave == codigo)
-                    s->seleccionarFila(i);
-            s->cmd_Seleccionar_Click();
-            procesarEventos();
-            QVERIFY(!s);
+            QVERIFY(elegir(accion.section(QLatin1Char(' '), 1)));
         }
         QStringList leidos;
         for (const QString& c : controles)
@@ -446,7 +392,7 @@ private slots:
         QVERIFY(impreso);
         impreso->img_Buscar_Click();
         procesarEventos();
-        elegir(7);
+        QVERIFY(elegir(7));
         procesarEventos();
         QCOMPARE(delante(), impreso);
 
@@ -483,31 +429,8 @@ private slots:
         procesarEventos();
         QCOMPARE(delante(), impreso);
     }
-
-    // El tipo de perceptor elegido va a quien abrió la elección, y el selector se abre con la
-    // tabla y el título de la opción y la devolución que se le dio.
-    void eleccionDelTipoDePerceptor()
-    {
-        EntornoPrueba e;
-        e.conectar();
-        QString tipo;
-        bool elegido = false;
-        auto* t = abrirSeleccionTipo<frmSeleccionarTipoPerceptor>(
-            {.alElegir = [&](const Eleccion&) { return elegido = true; }}, [&](const QString& elegidoTipo) { tipo = elegidoTipo; });
-        t->findChild<QRadioButton*>(QStringLiteral("opt_Perceptor_2"))->setChecked(true);
-        t->cmd_Seleccionar_Click();
-        procesarEventos();
-        QVERIFY(!Pantallas::cargada<frmSeleccionarTipoPerceptor>());
-        QCOMPARE(tipo, QStringLiteral("CO"));
-        frmBuscarSeleccionar* s = Pantallas::cargada<frmBuscarSeleccionar>();
-        QVERIFY(s);
-        QCOMPARE(s->Tabla, QStringLiteral("CONTRATISTAS"));
-        QCOMPARE(s->tag(), QStringLiteral("SELECCIONAR_EN_IMPRESO_B4_PROPIO"));
-        QCOMPARE(s->ClaveRetorno, QStringLiteral("FRMDATOSIMPRESOB4_PROPIO_PERCEPTOR"));
-        QCOMPARE(s->windowTitle(), QStringLiteral("Buscar constructor"));
-        Pantallas::descargar(s);
-    }
 };
 
 PRUEBA_PANTALLAS(tst_recorrido)
 #include "tst_recorrido.moc"
+#include "moc_PruebaImpresos.cpp"
