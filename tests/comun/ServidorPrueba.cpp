@@ -109,6 +109,21 @@ void ServidorPrueba::elegirEn(EntornoPrueba& e) const
     e.conectar();
 }
 
+bool ServidorPrueba::otroPuestoPuedeGuardar() const
+{
+    bool bien = false;
+    comoAdministrador(m_datos, [&](QSqlDatabase& db) {
+        QSqlQuery q(db);
+        QString tablas;
+        if (q.exec(QStringLiteral("SELECT string_agg(quote_ident(tablename), ', ') FROM pg_tables WHERE schemaname = 'public'")) && q.next())
+            tablas = q.value(0).toString();
+        bien = !tablas.isEmpty() && q.exec(QStringLiteral("BEGIN"))
+               && q.exec(QStringLiteral("LOCK TABLE %1 IN EXCLUSIVE MODE NOWAIT").arg(tablas));
+        q.exec(QStringLiteral("ROLLBACK"));
+    });
+    return bien;
+}
+
 void ServidorPrueba::filasDeMotor()
 {
     QTest::addColumn<bool>("servidor");

@@ -37,6 +37,9 @@ public:
     const BaseDatos::DatosServidor& datos() const { return m_datos; }
     // Escribe el inicio.ini del entorno con motor=postgresql y esta base, y conecta.
     void elegirEn(EntornoPrueba& e) const;
+    // Lo que en el fichero es BEGIN IMMEDIATE: otro puesto toma sin esperar todas las tablas para
+    // escribir, y sólo puede si nadie deja abierta una transacción que haya escrito.
+    bool otroPuestoPuedeGuardar() const;
 
 private:
     BaseDatos::DatosServidor m_datos;

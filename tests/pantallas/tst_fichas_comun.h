@@ -26,6 +26,8 @@ namespace fichas {
 struct Entorno : EntornoPrueba {
     std::optional<ServidorPrueba> servidor;
     Entorno() { ServidorPrueba::conectarAlPedido(*this, servidor); }
+    // Otro puesto podría guardar ahora mismo, en el motor de la prueba.
+    bool otroPuestoPuedeGuardar() const { return servidor ? servidor->otroPuestoPuedeGuardar() : ::otroPuestoPuedeGuardar(ficheroBD()); }
 };
 
 // Abre la ficha como lo hace la lista ("ALTA", "MODIFICAR") o, con quien recibe el registro

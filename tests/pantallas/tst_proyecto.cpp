@@ -319,7 +319,7 @@ private slots:
         bool otroPuestoGuarda = false;
         Mensajes::instalarContestador([&](const Mensajes::Cuadro& c) {
             e.cuadros << c;
-            otroPuestoGuarda = otroPuestoPuedeGuardar(e.ficheroBD());
+            otroPuestoGuarda = m_e->otroPuestoPuedeGuardar();
             return c.porDefecto;
         });
         f->cmd_Guardar_Click();
