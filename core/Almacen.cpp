@@ -159,17 +159,6 @@ QString nombreParcial(const QString& destino)
     return destino + MARCA_PARCIAL + QUuid::createUuid().toString(QUuid::Id128).left(8);
 }
 
-// Restos de copias de este mismo destino que un proceso matado dejó a medias. Sólo se llama con
-// el cerrojo exclusivo de la base tomado: ninguna otra copia de ella puede estar escribiéndose.
-void borrarParcialesAbandonados(const QString& destino)
-{
-    const QFileInfo d(destino);
-    const QStringList restos =
-        QDir(d.absolutePath()).entryList({d.fileName() + MARCA_PARCIAL + QLatin1Char('*')}, QDir::Files | QDir::Hidden);
-    for (const QString& r : restos)
-        QFile::remove(d.absoluteDir().filePath(r));
-}
-
 // Fallo al crear o escribir un fichero de destino: se dice de qué carpeta se trata.
 ErrorPrograma errorDestino(const ErrorPrograma& e, const QString& destino)
 {
@@ -292,7 +281,7 @@ void compactar(const QString& ruta, const std::function<void(int)>& avance, cons
 void copiarBaseDatos(const QString& ficheroBD, const QString& destino, const Latido& latido)
 {
     CerrojoExclusivo cerrojo(ficheroBD);
-    borrarParcialesAbandonados(destino);
+    borrarParcialesAbandonados(destino);  // con el cerrojo, ninguna otra copia se está escribiendo
     escribirFicheroNuevo(destino, [&](sqlite3* copia) { volcar(cerrojo.conexion(), copia, latido); });
 }
 
@@ -359,5 +348,14 @@ void sustituirFichero(const QString& origen, const QString& destino)
 }
 
 bool esFicheroParcial(const QString& nombre) { return nombre.contains(MARCA_PARCIAL); }
+
+void borrarParcialesAbandonados(const QString& destino)
+{
+    const QFileInfo d(destino);
+    const QStringList restos =
+        QDir(d.absolutePath()).entryList({d.fileName() + MARCA_PARCIAL + QLatin1Char('*')}, QDir::Files | QDir::Hidden);
+    for (const QString& r : restos)
+        QFile::remove(d.absoluteDir().filePath(r));
+}
 
 }  // namespace Almacen

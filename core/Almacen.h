@@ -93,4 +93,8 @@ void sustituirFichero(const QString& origen, const QString& destino);
 // Nombre del fichero a medio escribir junto a un destino (las pruebas buscan restos).
 bool esFicheroParcial(const QString& nombre);
 
+// Borra los restos a medio escribir de copias a ese destino que dejó un proceso matado. Sólo la
+// llama quien sabe que ninguna otra copia de la misma base se está escribiendo.
+void borrarParcialesAbandonados(const QString& destino);
+
 }  // namespace Almacen

@@ -325,6 +325,10 @@ void copiar(const QString& destino, const Almacen::Latido& latido)
     // Todas las tablas en la instantánea que toma la primera lectura: los demás puestos siguen
     // guardando mientras tanto, y nada de lo que confirmen entra a medias en la copia.
     ejecutar(db, QStringLiteral("BEGIN ISOLATION LEVEL REPEATABLE READ READ ONLY"));
+    // Quien tiene el cerrojo de las copias sabe que ningún otro puesto escribe una copia de este
+    // servidor: puede llevarse los restos a medias de su destino. Sin él, la copia sigue igual.
+    if (Consulta c(db, QStringLiteral("SELECT pg_try_advisory_xact_lock(?)"), {CERROJO_COPIAS}); c.siguiente() && c.valor(0).toBool())
+        Almacen::borrarParcialesAbandonados(destino);
     const Catalogo cat = catalogo(db);
     Almacen::escribirFicheroNuevo(destino, [&](sqlite3* h) {
         const Fichero f(h);

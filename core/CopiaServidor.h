@@ -9,10 +9,14 @@
 // (copia, cambio de motor, restauración) y vuelve.
 namespace CopiaServidor {
 
+// Cerrojo consultivo del servidor que tiene quien escribe una copia, hasta darle su nombre.
+inline constexpr qint64 CERROJO_COPIAS = 0x504C414E4D4545;  // "PLANMEE"
+
 // Escribe en `destino` (como Almacen::escribirFicheroNuevo: sólo toma su nombre al estar completo)
 // las filas de cada tabla del servidor elegido en su orden de llegada, leídas todas en una misma
 // instantánea que no detiene a los demás puestos. Los contadores de la copia siguen tras el último
-// valor que dio el servidor.
+// valor que dio el servidor. Si ningún otro puesto está escribiendo una copia, se lleva antes los
+// restos a medias de ese destino.
 void copiar(const QString& destino, const Almacen::Latido& latido = {});
 
 // Comprueba la copia como con el fichero (Almacen::FicheroNoValido si no sirve, o si trae datos que

@@ -161,6 +161,34 @@ private slots:
         QCOMPARE(contenidoBase(mee), antes);
         QCOMPARE(contenidoBaseViva().size(), antes.size());  // uno más y dos menos en Clientes, un proyecto más
     }
+
+    // Una copia se lleva los restos a medias de su destino que dejó un proceso matado, salvo si
+    // otro puesto está escribiendo una copia (podrían ser suyos); los de otro destino se quedan.
+    void copiaBorraRestosAbandonados()
+    {
+        ServidorPrueba s;
+        REQUIERE_SERVIDOR(s);
+        EntornoPrueba e;
+        s.elegirEn(e);
+        const QString destino = e.directorio() + QStringLiteral("/copia.mee");
+        const QString suyo = destino + QStringLiteral(".parcial-1a2b3c4d"), ajeno = e.directorio() + QStringLiteral("/otra.mee.parcial-5e6f7a8b");
+        for (const QString& f : {suyo, ajeno}) {
+            QFile r(f);
+            QVERIFY(r.open(QIODevice::WriteOnly) && r.write("a medias") > 0);
+        }
+        {
+            QSqlDatabase otro = BaseDatos::abrirOtraConexion(QStringLiteral("otro_puesto"), BaseDatos::Acceso::LecturaEscritura);
+            ejecutar(otro, QStringLiteral("BEGIN"));
+            ejecutar(otro, QStringLiteral("SELECT pg_advisory_xact_lock(?)"), {CopiaServidor::CERROJO_COPIAS});
+            CopiaServidor::copiar(destino);
+            QVERIFY(QFile::exists(suyo));
+            ejecutar(otro, QStringLiteral("ROLLBACK"));
+        }
+        QSqlDatabase::removeDatabase(QStringLiteral("otro_puesto"));
+        CopiaServidor::copiar(destino);
+        QVERIFY(!QFile::exists(suyo) && QFile::exists(ajeno));
+        QCOMPARE(contenidoBase(destino), contenidoBaseViva());
+    }
 };
 
 QTEST_GUILESS_MAIN(tst_copiaservidor)
