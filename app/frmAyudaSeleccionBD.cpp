@@ -12,7 +12,7 @@ frmAyudaSeleccionBD::frmAyudaSeleccionBD(QWidget* padre) : QDialog(padre), ui(ne
 {
     ui->setupUi(this);
     BaseDatos::construirCadenaConexion();
-    m_servidor = BaseDatos::motorElegido() == BaseDatos::Motor::PostgreSQL;
+    m_servidor = BaseDatos::enServidor();
     if (m_servidor)
         ui->lbl_Explicacion->setText(
             QStringLiteral("Es la primera vez que se ejecuta el programa en este equipo.\n\n")

@@ -70,7 +70,7 @@ void frmInicio::Form_Load()
     // 7: sin base de datos no hay programa; el siguiente arranque preguntará dónde está. Con el
     // servidor no hay fichero: lo que falte lo dice la conexión.
     BaseDatos::construirCadenaConexion();
-    const bool enServidor = BaseDatos::motorElegido() == BaseDatos::Motor::PostgreSQL;
+    const bool enServidor = BaseDatos::enServidor();
     if (enServidor) {
         // Un nombre largo se recorta: la pantalla de arranque no se ensancha.
         const QString texto = BaseDatos::servidorElegido().textoVisible();
@@ -206,7 +206,7 @@ void frmInicio::tmr_1_Timer()
     if (!tmr_1.isActive())
         return;
     tmr_1.stop();
-    if (BaseDatos::motorElegido() == BaseDatos::Motor::SQLite)
+    if (!BaseDatos::enServidor())
         compactarBD();  // el servidor se mantiene solo
     fijarBarra(100);
     hide();

@@ -284,6 +284,8 @@ QString DatosServidor::textoVisible() const
 
 Motor motorElegido() { return s_motor; }
 
+bool enServidor() { return s_motor == Motor::PostgreSQL; }
+
 const DatosServidor& servidorElegido() { return s_servidor; }
 
 bool esServidor(const QSqlDatabase& db) { return db.isValid() && db.driverName() == DRIVER_SERVIDOR; }
@@ -382,7 +384,7 @@ QSqlDatabase abrirServidor(const QString& nombre, const DatosServidor& s, Acceso
 QSqlDatabase abrirOtraConexion(const QString& nombre, Acceso acceso)
 {
     comprobarMotorConocido();
-    if (s_motor == Motor::PostgreSQL)
+    if (enServidor())
         return abrirServidor(nombre, s_servidor, acceso);
     return abrirConexion(nombre, ficheroBD(), acceso);
 }
@@ -391,7 +393,7 @@ QSqlDatabase conexionBD()
 {
     if (QSqlDatabase::contains(NOMBRE_CONEXION))
         return QSqlDatabase::database(NOMBRE_CONEXION, false);
-    return QSqlDatabase::addDatabase(s_motor == Motor::PostgreSQL ? DRIVER_SERVIDOR : DRIVER_FICHERO, NOMBRE_CONEXION);
+    return QSqlDatabase::addDatabase(enServidor() ? DRIVER_SERVIDOR : DRIVER_FICHERO, NOMBRE_CONEXION);
 }
 
 bool estaAbierta() { return QSqlDatabase::contains(NOMBRE_CONEXION) && conexionBD().isOpen(); }
@@ -403,7 +405,7 @@ void abrir()
     if (cadenaConexion.isEmpty())
         construirCadenaConexion();
     comprobarMotorConocido();
-    if (s_motor == Motor::PostgreSQL)
+    if (enServidor())
         abrirServidor(NOMBRE_CONEXION, s_servidor);
     else
         abrirConexion(NOMBRE_CONEXION, cadenaConexion);

@@ -37,6 +37,7 @@ struct DatosServidor {
     QString textoVisible() const;
 };
 Motor motorElegido();
+bool enServidor();  // el puesto trabaja con el servidor PostgreSQL
 const DatosServidor& servidorElegido();
 bool esServidor(const QSqlDatabase& db);
 

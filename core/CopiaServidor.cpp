@@ -4,6 +4,7 @@
 #include "core/EsquemaServidor.h"
 
 #include <QHash>
+#include <functional>
 #include <QSqlError>
 #include <QSqlQuery>
 #include <sqlite3.h>
@@ -167,18 +168,15 @@ public:
         sqlite3_stmt* m_s = nullptr;
     };
 
-    QList<QPair<QString, QStringList>> tablas() const
+    // La primera columna de cada fila de una sentencia con un valor o ninguno.
+    QStringList columna(const QString& sql, const QVariant& valor) const
     {
-        QList<QPair<QString, QStringList>> r;
-        Sentencia t(*this, QStringLiteral("SELECT name FROM sqlite_master WHERE type = 'table' AND name <> 'sqlite_sequence' ORDER BY rowid"));
-        while (t.paso()) {
-            QStringList columnas;
-            Sentencia c(*this, QStringLiteral("SELECT name FROM pragma_table_info(?)"));
-            c.enlazar(1, t.texto(0));
-            while (c.paso())
-                columnas << c.texto(0);
-            r.append({t.texto(0), columnas});
-        }
+        Sentencia s(*this, sql);
+        if (valor.isValid())
+            s.enlazar(1, valor);
+        QStringList r;
+        while (s.paso())
+            r << s.texto(0);
         return r;
     }
 
@@ -186,18 +184,15 @@ private:
     sqlite3* m_h;
 };
 
-// Tablas y columnas de una copia abierta con Qt (la restauración la lee así, sólo para leer).
-QList<QPair<QString, QStringList>> tablasDe(QSqlDatabase& db)
+// Tablas de un fichero del programa con sus columnas, en su orden, leídas con `columna` (la primera
+// columna de una sentencia con un valor o ninguno): la copia escribe el fichero con el motor, la
+// restauración lo lee con Qt.
+QList<QPair<QString, QStringList>> tablasDe(const std::function<QStringList(const QString&, const QVariant&)>& columna)
 {
     QList<QPair<QString, QStringList>> r;
-    Consulta t(db, QStringLiteral("SELECT name FROM sqlite_master WHERE type = 'table' AND name <> 'sqlite_sequence' ORDER BY rowid"));
-    while (t.siguiente()) {
-        QStringList columnas;
-        Consulta c(db, QStringLiteral("SELECT name FROM pragma_table_info(?)"), {t.valor(0)});
-        while (c.siguiente())
-            columnas << c.valor(0).toString();
-        r.append({t.valor(0).toString(), columnas});
-    }
+    for (const QString& t : columna(QStringLiteral("SELECT name FROM sqlite_master WHERE type = 'table' AND name <> 'sqlite_sequence' "
+                                                   "ORDER BY rowid"), {}))
+        r.append({t, columna(QStringLiteral("SELECT name FROM pragma_table_info(?)"), t)});
     return r;
 }
 
@@ -334,7 +329,7 @@ void copiar(const QString& destino, const Almacen::Latido& latido)
         const Fichero f(h);
         // Una base de datos nueva del programa, como la que se entrega, con su versión.
         f.ejecutar(EsquemaServidor::esquemaFichero());
-        const QList<Tabla> tablas = comunes(f.tablas(), cat);
+        const QList<Tabla> tablas = comunes(tablasDe([&](const QString& sql, const QVariant& v) { return f.columna(sql, v); }), cat);
         const qint64 total = qMax<qint64>(1, contarFilas(db, tablas, true));
         qint64 hechas = 0;
         f.ejecutar(QStringLiteral("BEGIN"));
@@ -381,7 +376,13 @@ void restaurar(const QString& copia, const Almacen::Latido& latido)
     // queda como estaba.
     ejecutar(db, QStringLiteral("BEGIN"));
     const Catalogo cat = catalogo(db);
-    const QList<Tabla> tablas = comunes(tablasDe(origen.db()), cat);
+    const QList<Tabla> tablas = comunes(tablasDe([&](const QString& sql, const QVariant& v) {
+                                            QStringList r;
+                                            for (Consulta c(origen.db(), sql, v.isValid() ? QVariantList{v} : QVariantList{}); c.siguiente();)
+                                                r << c.valor(0).toString();
+                                            return r;
+                                        }),
+                                        cat);
     QStringList todas;
     for (auto it = cat.columnas.cbegin(); it != cat.columnas.cend(); ++it)
         todas << entreComillas(it.key());

@@ -208,7 +208,7 @@ bool frmConfiguracion::cargar()
             }
         }
         // Con el servidor no hay carpeta que enseñar ni que cambiar: se dice qué servidor es.
-        const bool enServidor = BaseDatos::motorElegido() == BaseDatos::Motor::PostgreSQL;
+        const bool enServidor = BaseDatos::enServidor();
         ui->txt_RutaBD->setText(enServidor ? BaseDatos::servidorElegido().textoVisible()
                                            : leerAjuste(QStringLiteral("BD"), QStringLiteral("ruta")));
         ui->txt_RutaBD->setToolTip(enServidor ? QStringLiteral("El servidor de la base de datos se elige en la sección [BD] de inicio.ini")
@@ -492,7 +492,7 @@ void frmConfiguracion::cmd_Guardar_Click()
             insertar(QStringLiteral("Config"), campos);
             t.confirmar();
         }
-        if (BaseDatos::motorElegido() == BaseDatos::Motor::SQLite)
+        if (!BaseDatos::enServidor())
             escribirAjuste(QStringLiteral("BD"), QStringLiteral("ruta"), ui->txt_RutaBD->text());
         tomarCopia();
         Mensajes::informacion(QStringLiteral("La configuración se ha guardado correctamente"));

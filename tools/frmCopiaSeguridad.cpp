@@ -81,7 +81,7 @@ void frmCopiaSeguridad::cmd_IniciarCopia_Click()
             return;
         }
         // Con el servidor no hay fichero vivo: la copia lee el servidor sin detener a nadie.
-        const bool servidor = BaseDatos::motorElegido() == BaseDatos::Motor::PostgreSQL;
+        const bool servidor = BaseDatos::enServidor();
         const QString ruta = leerRutaBD();
         if (!servidor && ruta.isEmpty())
             return;

@@ -88,7 +88,7 @@ void frmRestaurarCopiaSeguridad::cmd_RestaurarCopia_Click()
         }
         // Con el servidor no hay fichero vivo ni cerrojo del fichero: la restauración aparta a los
         // demás puestos con los cerrojos de su propia transacción.
-        const bool servidor = BaseDatos::motorElegido() == BaseDatos::Motor::PostgreSQL;
+        const bool servidor = BaseDatos::enServidor();
         const QString ruta = leerRutaBD();
         if (!servidor && ruta.isEmpty())
             return;
